@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cmath>
+
+namespace formulation {
+
+/// The elementary functions that the equations call. The equations take them as a template
+/// argument, so that the classic module can pass its guarded ones and everyone else these.
+struct Elementary {
+  using Number = double;
+  static double exp(double x) { return std::exp(x); }
+  static double log(double x) { return std::log(x); }
+  static double sqrt(double x) { return std::sqrt(x); }
+  static double pow(double x, double y) { return std::pow(x, y); }
+  /// x to a whole power that the formulation leaves to the power function: here a few products.
+  template <int N>
+  static double whole_power(double x) {
+    if constexpr (N == 1) {
+      return x;
+    } else if constexpr (N % 2 == 0) {
+      return whole_power<N / 2>(x * x);
+    } else {
+      return x * whole_power<N - 1>(x);
+    }
+  }
+};
+
+/// c[0] + c[1] x + c[2] x² + …, nested from the highest coefficient.
+template <class Num, class Table>
+constexpr Num horner(const Table& c, Num x) {
+  Num sum = Num(0) + c.back();
+  for (auto i = c.size() - 1; i-- > 0;) {
+    sum = sum * x + c[i];
+  }
+  return sum;
+}
+
+}  // namespace formulation

@@ -1,0 +1,293 @@
+#pragma once
+
+#include <array>
+
+#include "formulation/elementary.hpp"
+#include "formulation/reduced.hpp"
+
+namespace formulation {
+
+/// Around the critical point, 350 °C to the boundary line: coefficients of the reduced Helmholtz
+/// function ψ3(χ, θ). In C0 … C3 the index is the published subscript: 1 belongs to χ, v ≥ 2 to
+/// χ^(1-v), the last to ln χ.
+/// @source IFC-67 (1967), subregion 3
+namespace subregion3 {
+constexpr std::array<double, 13> C0{-6.8399,       -1.7226042e-2,  -7.77175039,   4.20460752,
+                                    -2.76807038,   2.10419707,     -1.14649588,   2.23138085e-1,
+                                    1.16250363e-1, -8.20900544e-2, 1.94129239e-2, -1.69470576e-3,
+                                    -4.311577033};
+constexpr std::array<double, 8> C1{0,          7.08636085e-1,  1.23679455e1,  -1.20389004e1,
+                                   5.40437422, -9.93865043e-1, 6.27523182e-2, -7.74743016};
+constexpr std::array<double, 9> C2{0,           -4.29885092, 4.31430538e1, -1.41619313e1,
+                                   4.04172459,  1.55546326,  -1.66568935,  3.24881158e-1,
+                                   2.93655325e1};
+constexpr std::array<double, 11> C3{
+    0,          7.94841842e-6, 8.08859747e1, -8.36153380e1, 3.58636517e1,
+    7.51895954, -1.26160640e1, 1.09717462,   2.12145492,    -5.46529566e-1,
+    8.32875413};
+constexpr double C40 = 2.75971776e-6, C41 = -5.09073985e-4;
+constexpr double C50 = 2.10636332e2;
+constexpr std::array<double, 5> C6{5.528935335e-2, -2.336365955e-1, 3.69707142e-1, -2.59641547e-1,
+                                   6.828087013e-2};
+constexpr std::array<double, 9> C7{-2.571600553e2, -1.518783715e2, 2.220723208e1,
+                                   -1.802039570e2, 2.357096220e3,  -1.462335698e4,
+                                   4.542916630e4,  -7.053556432e4, 4.381571428e4};
+constexpr std::array<double, 5> D3{-1.717616747, 3.526389875, -2.690899373, 9.070982605e-1,
+                                   -1.138791156e-1};
+constexpr std::array<double, 5> D4{1.301023613, -2.642777743, 1.996765362, -6.661557013e-1,
+                                   8.270860589e-2};
+constexpr std::array<double, 3> D5{3.426663535e-4, -1.236521258e-3, 1.155018309e-3};
+
+// Products (v - 1) C_v of the pressure, stored with their own decimal digits: coefficients of
+// w⁰, w¹, … in P(w), where ∂/∂χ of a group is C_1 - P(w) w² + C_last w.
+constexpr std::array<double, 10> P_A{-7.77175039,  8.40921504,   -8.30421114, 8.41678828,
+                                     -5.7324794,   1.33882851,   0.813752541, -0.6567204352,
+                                     0.1747163151, -0.0169470576};
+constexpr std::array<double, 5> P_D{12.3679455, -24.0778008, 16.21312266, -3.975460172,
+                                    0.313761591};
+constexpr std::array<double, 6> P_B{43.1430538, -28.3238626, 12.12517377,
+                                    6.22185304, -8.32844675, 1.949286948};
+constexpr std::array<double, 8> P_C{80.8859747, -167.230676, 107.5909551, 30.07583816,
+                                    -63.08032,  6.58304772,  14.85018444, -4.372236528};
+constexpr double five_C41 = -0.002545369925;
+constexpr std::array<double, 4> P0d{3.526389875, -5.381798746, 2.7212947815, -0.4555164624};
+constexpr std::array<double, 4> Q0d{-2.642777743, 3.993530724, -1.9984671039, 0.33083442356};
+constexpr std::array<double, 2> R0d{-0.001236521258, 0.002310036618};
+
+/// 1 - θ at 350 °C.
+constexpr double one_minus_theta_350 = 1 - (350 + celsius_offset) / reducing_temperature;
+}  // namespace subregion3
+
+/// The sub-expressions that the properties of subregion 3 share.
+template <class Num>
+struct Terms3 {
+  Num chi, theta;  // reduced volume and temperature
+  Num tau;         // θ - 1
+  Num y, y2, y3;   // (1 - θ) / (1 - θ350): 1 at 350 °C, 0 at the critical temperature
+  Num y30, y31;    // 0 below y = 0.01
+  Num log_theta, log_chi;
+  Num w, w2, w5, w6;  // w = 1/χ
+  Num P0, P0d;        // Σ D3v w^v, and w² times its w-derivative
+  Num Q0, Q0d;        // Σ D4v w^v, likewise
+  Num R0, R0d;        // Σ D5v χ^v, and its χ-derivative
+  Num one_over_theta, theta_m22, theta_m23;
+  Num chi5_theta2, chi6_theta2;  // χ⁵/θ² and χ⁶/θ²
+};
+
+/// @param v  specific volume, m³/kg
+/// @param t  temperature, °C
+template <class Math>
+Terms3<typename Math::Number> terms3(typename Math::Number v, typename Math::Number t) {
+  using namespace subregion3;
+  Terms3<typename Math::Number> s;
+  s.chi = v / reducing_volume;
+  s.theta = reduced_temperature(t);
+  s.tau = s.theta - 1;
+  s.y = (1 - s.theta) / one_minus_theta_350;
+  s.y2 = s.y * s.y;
+  s.y3 = s.y * s.y2;
+  s.y30 = 0.0;
+  s.y31 = 0.0;
+  if (s.y >= 0.01) {
+    s.y30 = Math::template whole_power<30>(s.y);
+    s.y31 = s.y * s.y30;
+  }
+  s.log_theta = Math::log(s.theta);
+  s.w = reducing_volume / v;
+  s.w2 = s.w * s.w;
+  s.w5 = s.w2 * s.w2 * s.w;
+  s.w6 = s.w5 * s.w;
+  s.log_chi = Math::log(s.chi);
+  s.P0 = horner(D3, s.w);
+  s.P0d = horner(subregion3::P0d, s.w) * s.w2;
+  s.Q0 = horner(D4, s.w);
+  s.Q0d = horner(subregion3::Q0d, s.w) * s.w2;
+  s.R0 = horner(D5, s.chi);
+  s.R0d = horner(subregion3::R0d, s.chi);
+  s.one_over_theta = 1 / s.theta;
+  s.theta_m22 = Math::template whole_power<22>(s.one_over_theta);
+  s.theta_m23 = s.theta_m22 * s.one_over_theta;
+  s.chi5_theta2 = Math::template whole_power<5>(s.chi) / (s.theta * s.theta);
+  s.chi6_theta2 = s.chi * s.chi5_theta2;
+  return s;
+}
+
+/// Whether the group of terms in D3, D4 and D5 stands only in the liquid below the critical
+/// temperature; elsewhere the properties leave it out, and their variants named X put it back.
+template <class Num>
+bool leaves_conditional_out(const Terms3<Num>& s) {
+  return s.theta >= 1 || s.chi >= 1;
+}
+
+/// The conditional group's share of the reduced pressure, whether left out or not.
+template <class Num>
+Num conditional_pressure(const Terms3<Num>& s) {
+  return (s.y * s.Q0d + s.P0d) * s.y3 - s.y * s.y31 * s.R0d;
+}
+
+/// ∂/∂χ of one of the groups C0 … C3.
+template <class Num, class Group, class Products>
+Num group_slope(const Group& C, const Products& P, const Terms3<Num>& s) {
+  return C[1] - horner(P, s.w) * s.w2 + C.back() * s.w;
+}
+
+/// Pressure, bar: -∂ψ3/∂χ.
+/// @param G  share of the conditional group
+template <class Num>
+Num pressure(const Terms3<Num>& s, Num G) {
+  using namespace subregion3;
+  const Num A = group_slope(C0, P_A, s);
+  const Num D = group_slope(C1, P_D, s);
+  const Num B = group_slope(C2, P_B, s);
+  const Num C = group_slope(C3, P_C, s);
+  const Num E = five_C41 * s.w6 * s.theta_m23;
+  const Num F = horner(C6, s.one_over_theta) * (s.chi5_theta2 * 6);
+  return reducing_pressure * ((-D - (C * s.tau + B) * s.tau + E) * s.tau - A - F + G);
+}
+
+/// Σ n_v C_v χ^(1-v) over v = 2 … of one of the groups C0 … C3, with n_v = weight(v).
+template <class Num, class Group, class Weight>
+Num group_sum(const Group& C, const Terms3<Num>& s, Weight weight) {
+  Num sum = Num(0);
+  for (std::size_t v = C.size() - 2; v >= 2; --v) {
+    sum = (sum + weight(static_cast<double>(v)) * C[v]) * s.w;
+  }
+  return sum;
+}
+
+/// One of the groups C0 … C3, without a term in χ⁰.
+template <class Num, class Group>
+Num group_value(const Group& C, const Terms3<Num>& s) {
+  return C[1] * s.chi + group_sum(C, s, [](double) { return 1.0; }) + C.back() * s.log_chi;
+}
+
+/// A group less χ times its χ-derivative: its share of ψ3 + p v.
+template <class Num, class Group>
+Num group_with_pv(const Group& C, const Terms3<Num>& s) {
+  return group_sum(C, s, [](double v) { return v; }) + C.back() * (s.log_chi - 1);
+}
+
+/// ∂²/∂χ² of a group.
+template <class Num, class Group>
+Num group_curvature(const Group& C, const Terms3<Num>& s) {
+  return (group_sum(C, s, [](double v) { return v * (v - 1); }) - C.back()) * s.w2;
+}
+
+/// The conditional group's share of the reduced enthalpy, whether left out or not.
+template <class Num>
+Num conditional_enthalpy(const Terms3<Num>& s) {
+  const Num theta_y = s.theta / subregion3::one_minus_theta_350;  // -θ ∂y/∂θ
+  return s.y2 * (s.P0 * (s.y + 3 * theta_y) + s.y * s.Q0 * (s.y + 4 * theta_y)) +
+         s.y31 * s.R0 * (s.y + 32 * theta_y) + s.chi * conditional_pressure(s);
+}
+
+/// Enthalpy, kJ/kg: ψ3 - θ ∂ψ3/∂θ - χ ∂ψ3/∂χ.
+template <class Num>
+Num enthalpy(const Terms3<Num>& s) {
+  using namespace subregion3;
+  const Num F1 = group_value(C1, s);
+  const Num F2 = group_value(C2, s);
+  const Num F3 = group_value(C3, s);
+  const Num from_groups = C0[0] + group_with_pv(C0, s) + s.tau * group_with_pv(C1, s) -
+                          s.theta * F1 +
+                          s.tau * (s.tau * group_with_pv(C2, s) - 2 * s.theta * F2 +
+                                   s.tau * (s.tau * group_with_pv(C3, s) - 3 * s.theta * F3));
+  // Σ C7v τ^v (v τ + v + 1)
+  Num sum7 = Num(0);
+  for (auto v = C7.size(); v-- > 0;) {
+    const auto n = static_cast<double>(v);
+    sum7 = sum7 * s.tau + (n * s.tau + (n + 1)) * C7[v];
+  }
+  constexpr std::array<double, 5> weighted_C6{-3 * C6[0], -2 * C6[1], -C6[2], 0 * C6[3], C6[4]};
+  Num epsilon = from_groups +
+                s.theta_m23 * (C40 * (23 * s.tau - 1) + C41 * s.w5 * (28 * s.tau - 1)) -
+                C50 * s.theta + s.chi6_theta2 * horner(weighted_C6, s.one_over_theta) - sum7;
+  if (!leaves_conditional_out(s)) {
+    epsilon = epsilon + conditional_enthalpy(s);
+  }
+  return (epsilon + enthalpy_origin) * enthalpy_scale;
+}
+
+/// Entropy, kJ/(kg K): -∂ψ3/∂θ.
+template <class Num>
+Num entropy(const Terms3<Num>& s) {
+  using namespace subregion3;
+  constexpr std::array<double, 5> weighted_C6{2 * C6[0], 3 * C6[1], 4 * C6[2], 5 * C6[3],
+                                              6 * C6[4]};
+  constexpr std::array<double, 9> weighted_C7{C7[0],     2 * C7[1], 3 * C7[2], 4 * C7[3], 5 * C7[4],
+                                              6 * C7[5], 7 * C7[6], 8 * C7[7], 9 * C7[8]};
+  Num sigma = -group_value(C1, s) -
+              s.tau * (2 * group_value(C2, s) + 3 * s.tau * group_value(C3, s)) -
+              (C40 + C41 * s.w5) * (23 - 22 * s.theta) * s.theta_m23 * s.one_over_theta -
+              C50 * (1 + s.log_theta) +
+              s.chi6_theta2 * s.one_over_theta * horner(weighted_C6, s.one_over_theta) -
+              horner(weighted_C7, s.tau);
+  if (!leaves_conditional_out(s)) {
+    sigma = sigma + (s.y2 * (3 * s.P0 + 4 * s.y * s.Q0) + 32 * s.y31 * s.R0) / one_minus_theta_350;
+  }
+  return (sigma - entropy_origin) * entropy_scale;
+}
+
+/// ∂²ψ3/∂θ².
+template <class Num>
+Num psi_theta_theta(const Terms3<Num>& s) {
+  using namespace subregion3;
+  constexpr std::array<double, 5> weighted_C6{6 * C6[0], 12 * C6[1], 20 * C6[2], 30 * C6[3],
+                                              42 * C6[4]};
+  constexpr std::array<double, 8> weighted_C7{2 * C7[1],  6 * C7[2],  12 * C7[3], 20 * C7[4],
+                                              30 * C7[5], 42 * C7[6], 56 * C7[7], 72 * C7[8]};
+  const Num theta_m2 = s.one_over_theta * s.one_over_theta;
+  Num sum =
+      2 * group_value(C2, s) + 6 * s.tau * group_value(C3, s) +
+      (C40 + C41 * s.w5) * (506 * s.theta - 552) * s.theta_m23 * theta_m2 + C50 * s.one_over_theta +
+      s.chi6_theta2 * theta_m2 * horner(weighted_C6, s.one_over_theta) + horner(weighted_C7, s.tau);
+  if (!leaves_conditional_out(s)) {
+    sum = sum + (6 * s.y * (s.P0 + 2 * s.y * s.Q0) + 992 * s.y30 * s.R0) /
+                    (one_minus_theta_350 * one_minus_theta_350);
+  }
+  return sum;
+}
+
+/// ∂²ψ3/∂χ∂θ.
+template <class Num>
+Num psi_chi_theta(const Terms3<Num>& s) {
+  using namespace subregion3;
+  constexpr std::array<double, 5> weighted_C6{2 * C6[0], 3 * C6[1], 4 * C6[2], 5 * C6[3],
+                                              6 * C6[4]};
+  Num sum = group_slope(C1, P_D, s) +
+            s.tau * (2 * group_slope(C2, P_B, s) + 3 * s.tau * group_slope(C3, P_C, s)) -
+            five_C41 * s.w6 * (23 - 22 * s.theta) * s.theta_m23 * s.one_over_theta -
+            6 * s.chi5_theta2 * s.one_over_theta * horner(weighted_C6, s.one_over_theta);
+  if (!leaves_conditional_out(s)) {
+    sum = sum + (s.y2 * (3 * s.P0d + 4 * s.y * s.Q0d) - 32 * s.y31 * s.R0d) / one_minus_theta_350;
+  }
+  return sum;
+}
+
+/// ∂²ψ3/∂χ².
+template <class Num>
+Num psi_chi_chi(const Terms3<Num>& s) {
+  using namespace subregion3;
+  Num sum = group_curvature(C0, s) +
+            s.tau * (group_curvature(C1, s) +
+                     s.tau * (group_curvature(C2, s) + s.tau * group_curvature(C3, s))) +
+            30 * C41 * s.w6 * s.w * s.theta_m23 * s.tau +
+            30 * s.chi5_theta2 * s.w * horner(C6, s.one_over_theta);
+  if (!leaves_conditional_out(s)) {
+    // w³ (w P'' + 2 P') of the sums P = Σ D_v w^v: Σ v (v + 1) D_v w^v, times w²
+    const auto curvature = [&s](const std::array<double, 5>& D) {
+      return horner(std::array<double, 5>{0, 2 * D[1], 6 * D[2], 12 * D[3], 20 * D[4]}, s.w) * s.w2;
+    };
+    sum = sum + s.y3 * (curvature(D3) + s.y * curvature(D4)) + s.y * s.y31 * subregion3::R0d[1];
+  }
+  return sum;
+}
+
+/// Isobaric heat capacity, kJ/(kg K): -θ ∂²ψ3/∂θ² + θ (∂²ψ3/∂χ∂θ)² / (∂²ψ3/∂χ²).
+template <class Num>
+Num heat_capacity(const Terms3<Num>& s) {
+  const Num mixed = psi_chi_theta(s);
+  return s.theta * (mixed * mixed / psi_chi_chi(s) - psi_theta_theta(s)) * entropy_scale;
+}
+
+}  // namespace formulation

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <array>
+
+#include "formulation/elementary.hpp"
+#include "formulation/reduced.hpp"
+
+namespace formulation {
+
+/// Viscosity: powers of (1/T̄ - 1) down, of (ρ̄ - 1) across.
+/// @source 1975 international representation of the viscosity of water substance, without the
+///         critical enhancement
+namespace viscosity_table {
+constexpr std::array<double, 4> H{0.0181583, 0.0177624, 0.0105287, -0.0036744};
+constexpr std::array<std::array<double, 5>, 6> Hij{{
+    {0.501938, 0.235622, -0.274637, 0.145831, -0.0270448},
+    {0.162888, 0.789393, -0.743539, 0.263129, -0.0253093},
+    {-0.130356, 0.673665, -0.959456, 0.347247, -0.0267758},
+    {0.907919, 1.207552, -0.687343, 0.213486, -0.0822904},
+    {-0.551119, 0.0670665, -0.497089, 0.100754, 0.0602253},
+    {0.146543, -0.084337, 0.195286, -0.032932, -0.0202595},
+}};
+constexpr double reference_density = 317.763;  // kg/m³
+/// 1/647.27 K, held in extended precision.
+constexpr long double one_over_reference_temperature = 0.00154495032984689622312L;
+}  // namespace viscosity_table
+
+/// Dynamic viscosity, Pa·s.
+/// @param v  specific volume, m³/kg
+/// @param t  temperature, °C
+template <class Math>
+double viscosity(double v, double t) {
+  using namespace viscosity_table;
+  const auto T = static_cast<double>((t + celsius_offset) * one_over_reference_temperature);
+  const double u = 1 / T;
+  const double eta0 = Math::sqrt(T) / horner(H, u) * 1.0e-6;
+  const double rho = 1 / (v * reference_density);
+  const double r = rho - 1;
+  const double s = u - 1;
+  double sum = 0;
+  for (auto i = Hij.size(); i-- > 0;) {
+    sum = sum * s + horner(Hij[i], r);
+  }
+  return Math::exp(rho * sum) * eta0;
+}
+
+/// Thermal conductivity, W/(m·K).
+/// @param v  specific volume, m³/kg
+/// @param t  temperature, °C
+/// @note  the corrections for 450, 300 and 150 °C apply up to and including those temperatures
+template <class Math>
+double conductivity(double v, double t) {
+  constexpr double shared_factor = 6.8e-5;  // intended: of t² and again of the last correction
+  const double rho = 1 / v;
+  double lambda =
+      ((1.13e-7 - 5.2e-11 * t) * t + 5.53e-5) * t + 0.0179 + (5.5e-7 * rho + 0.00035) * rho;
+  const double c = 1000 - rho;
+  const double root_q = c * c * c * rho;
+  const double q = root_q * root_q * root_q;
+  lambda += (2.55e-29 * Math::exp(-0.0433 * t) + 8.56e-33 * Math::exp(-0.01371 * t)) * q;
+  if (t > 450) {
+    return lambda;
+  }
+  lambda -= 0.000103 * Math::exp(-1.33e-10 * (t * t * (t * t))) * rho;
+  if (t > 300) {
+    return lambda;
+  }
+  lambda -= 0.000173 * Math::exp(-shared_factor * (t * t)) * rho;
+  if (t > 150) {
+    return lambda;
+  }
+  return lambda - shared_factor * Math::exp(-0.0422 * t) * rho;
+}
+
+}  // namespace formulation

@@ -1,0 +1,73 @@
+#include "frame/guards.hpp"
+
+#include <signal.h>
+
+#include "frame/error_flag.hpp"
+#include "frame/fault_traps.hpp"
+
+namespace classic {
+
+double SafeLog(double x) {
+  if (x > 0) {
+    return std::log(x);
+  }
+  set_error_flag(1);
+  return x < 0 ? 1.0 : -HUGE_VAL;  // not a number takes the branch of zero
+}
+
+double SafeSqrt(double x) {
+  if (!(x >= 0)) {  // not a number is refused too
+    set_error_flag(1);
+    return 1.0;
+  }
+  return std::sqrt(x);
+}
+
+double SafeExp(double x) {
+  // Just above the logarithm of the largest extended-precision number.
+  if (x >= 11357.0) {
+    set_error_flag(1);
+    return 0.0;  // intended: zero, not a huge value
+  }
+  return static_cast<double>(std::exp(static_cast<long double>(x)));
+}
+
+int FpeGuardActive = 0;
+
+namespace {
+
+struct sigaction host_action;
+
+void register_handler() {
+  struct sigaction action = {};
+  action.sa_handler = FpeHandler;
+  action.sa_flags = static_cast<int>(SA_RESETHAND);
+  sigemptyset(&action.sa_mask);
+  sigaction(SIGFPE, &action, nullptr);
+}
+
+}  // namespace
+
+void FpeHandler(int /*signal*/) {
+  LibraryErrorFlag = 1;
+  if (FpeGuardActive != 0) {
+    register_handler();
+  }
+}
+
+FpeGuard::FpeGuard() {
+  FpeGuardActive = 1;
+  sigaction(SIGFPE, nullptr, &host_action);
+  register_handler();
+  hold_traps();
+}
+
+int FpeGuard::release() {
+  if (release_traps()) {
+    LibraryErrorFlag = 1;
+  }
+  FpeGuardActive = 0;
+  return sigaction(SIGFPE, &host_action, nullptr);
+}
+
+}  // namespace classic

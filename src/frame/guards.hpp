@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cmath>
+
+namespace classic {
+
+/// Natural logarithm; for x = 0 or not a number -HUGE_VAL, for x < 0 the value 1, both with flag 1.
+double SafeLog(double x);
+
+/// Square root; for x < 0 or not a number 1, with flag 1.
+double SafeSqrt(double x);
+
+/// e to the x through the extended-precision exponential; for x >= 11357 the value 0, with flag 1.
+double SafeExp(double x);
+
+/// The elementary functions as the classic module calls them.
+struct Guarded {
+  using Number = double;
+  static double exp(double x) { return SafeExp(x); }
+  static double log(double x) { return SafeLog(x); }
+  static double sqrt(double x) { return SafeSqrt(x); }
+  static double pow(double x, double y) { return std::pow(x, y); }
+  template <int N>
+  static double whole_power(double x) {
+    return std::pow(x, double{N});
+  }
+};
+
+/// 1 while a request runs.
+extern int FpeGuardActive;
+
+/// SIGFPE handler: sets the error flag to 1 and, while a request runs, registers itself again.
+void FpeHandler(int signal);
+
+/// Installs the SIGFPE handler for the time of one request, and gives the host its own back.
+class FpeGuard {
+ public:
+  FpeGuard();
+  /// Ends the guard.
+  /// @return what the last signal registration returned; it carries no information
+  int release();
+};
+
+}  // namespace classic
