@@ -22,7 +22,7 @@ constexpr const char* footer =
 void define(CLI::App& app, command::StateOptions& options) {
   app.footer(footer);
   app.set_version_flag("--version", "vek " VEK_VERSION);
-  app.add_option("PAIR", options.pair, "the known properties: p, t or x, as in pt")
+  app.add_option("PAIR", options.pair, "the known properties: two of p, t, v, h, s, u, x, as in ph")
       ->required()
       ->check(CLI::IsMember(command::pair_names()));
   app.add_option("A", options.first, "value of the first")->required();

@@ -30,8 +30,6 @@ constexpr Caloric enthalpies{ENTHA1, ENTHA2, ENTHA3};
 constexpr Caloric entropies{ENTRO1, ENTRO2, ENTRO3};
 constexpr Caloric heat_capacities{HTCAP1, HTCAP2, HTCAP3};
 
-double mixed(double liquid, double x, double vapour) { return liquid + x * (vapour - liquid); }
-
 /// The state of one request, and what its items share.
 class Request {
  public:

@@ -54,6 +54,21 @@ VEK_API TModule* GetVekModule(void);
 VEK_API int vekrpt_(double* p, double* t, double* tol);
 VEK_API int vekrpx_(double* p, double* x, double* tol);
 VEK_API int vekrtx_(double* t, double* x, double* tol);
+VEK_API int vekrpv_(double* p, double* v, double* tol);
+VEK_API int vekrph_(double* p, double* h, double* tol);
+VEK_API int vekrps_(double* p, double* s, double* tol);
+VEK_API int vekrpu_(double* p, double* u, double* tol);
+VEK_API int vekrtv_(double* t, double* v, double* tol);
+VEK_API int vekrth_(double* t, double* h, double* tol);
+VEK_API int vekrtu_(double* t, double* u, double* tol);
+VEK_API int vekrts_(double* t, double* s, double* tol);
+VEK_API int vekrsx_(double* s, double* x, double* tol);
+VEK_API int vekrhs_(double* h, double* s, double* tol);
+VEK_API int vekrus_(double* u, double* s, double* tol);
+VEK_API int vekrvh_(double* v, double* h, double* tol);
+VEK_API int vekrvs_(double* v, double* s, double* tol);
+VEK_API int vekrvu_(double* v, double* u, double* tol);
+VEK_API int vekrvx_(double* v, double* x, double* tol);
 
 #ifdef __cplusplus
 }

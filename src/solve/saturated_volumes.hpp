@@ -18,6 +18,10 @@ constexpr double vapour_volume_start(double t) {
   return linear >= 0.00317 ? linear : 0.00317;
 }
 
+/// A property of a wet state from its saturated values.
+/// @param x  quality
+constexpr double mixed(double water, double x, double steam) { return water + x * (steam - water); }
+
 /// Volume at which `PRESS3` gives p at t, from two start values (left unchanged).
 double volume3(const double* t, const double* p, double start, double second, const double* tol);
 

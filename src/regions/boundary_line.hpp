@@ -1,0 +1,32 @@
+#pragma once
+
+#include "frame/guards.hpp"
+
+namespace classic {
+
+// The line between subregions 2 and 3, as the finders write it out. Each finder has its own digits;
+// none is derived from another.
+
+/// Temperature, °C, at which the inverse line passes through a pressure (bar).
+/// @param T0, kelvin  reducing temperature and Celsius offset in the caller's precision
+inline double line_temperature(double p, double T0, double kelvin) {
+  // intended: L1 lacks a digit, and the square and the factors come from a third variant of L2
+  const double root = SafeSqrt(1167.636588138925 - 77.25562828 * (15.74373327 - p / 221.2));
+  const auto theta = static_cast<double>((34.1706978 + root) * 0.025888081483867263L);
+  return T0 * theta - kelvin;
+}
+
+inline double line_temperature(double p) { return line_temperature(p, 647.3, 273.15); }
+
+/// intended: with single-precision constants
+inline double line_temperature_single(double p) {
+  return line_temperature(p, static_cast<double>(647.3F), static_cast<double>(273.15F));
+}
+
+/// Pressure, bar, of the forward line at a temperature (°C).
+inline double line_pressure(double t, double L0) {
+  const double theta = (t + 273.15) / 647.3;
+  return 221.2 * ((19.31380707 * theta - 34.17061978) * theta + L0);
+}
+
+}  // namespace classic
