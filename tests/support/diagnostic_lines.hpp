@@ -1,0 +1,29 @@
+#pragma once
+
+#include <ios>
+#include <sstream>
+#include <string>
+
+#include "frame/diagnostics.hpp"
+
+/// Catches the diagnostic lines of the module while it lives.
+class DiagnosticLines {
+ public:
+  DiagnosticLines() : before_(stream().rdbuf(&buffer_)) {}
+  DiagnosticLines(const DiagnosticLines&) = delete;
+  DiagnosticLines& operator=(const DiagnosticLines&) = delete;
+  ~DiagnosticLines() { stream().rdbuf(before_); }
+
+  /// The text since the last call.
+  std::string take() {
+    std::string text = buffer_.str();
+    buffer_.str("");
+    return text;
+  }
+
+ private:
+  static std::ios& stream() { return static_cast<std::ios&>(classic::ErrorStream); }
+
+  std::stringbuf buffer_;
+  std::streambuf* before_;
+};
