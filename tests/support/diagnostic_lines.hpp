@@ -6,10 +6,10 @@
 
 #include "frame/diagnostics.hpp"
 
-/// Catches the diagnostic lines of the module while it lives.
+/// Catches the diagnostic lines of the module while it lives; reports are numbered from 1 again.
 class DiagnosticLines {
  public:
-  DiagnosticLines() : before_(stream().rdbuf(&buffer_)) {}
+  DiagnosticLines() : before_(stream().rdbuf(&buffer_)) { classic::ErrorCount = 0; }
   DiagnosticLines(const DiagnosticLines&) = delete;
   DiagnosticLines& operator=(const DiagnosticLines&) = delete;
   ~DiagnosticLines() { stream().rdbuf(before_); }
