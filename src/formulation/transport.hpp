@@ -37,8 +37,8 @@ double viscosity(double v, double t) {
   const double rho = 1 / (v * reference_density);
   const double r = rho - 1;
   const double s = u - 1;
-  double sum = 0;
-  for (auto i = Hij.size(); i-- > 0;) {
+  double sum = horner(Hij.back(), r);
+  for (auto i = Hij.size() - 1; i-- > 0;) {
     sum = sum * s + horner(Hij[i], r);
   }
   return Math::exp(rho * sum) * eta0;
