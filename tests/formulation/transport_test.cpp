@@ -64,6 +64,12 @@ TEST(Conductivity, AgreesWithTheCorrelationOnBothSidesOfEachThreshold) {
   expect_rows(THCOND, rows);
 }
 
+TEST(Viscosity, VanishesAtAbsoluteZero) {
+  const double v = 0.001;
+  const double t = -273.15;
+  EXPECT_EQ(VISCOS(&v, &t), 0);  // and is not 0 times infinity
+}
+
 TEST(Transport, NeitherChecksNorReports) {
   DiagnosticLines lines;
   const double v = 0.001;
