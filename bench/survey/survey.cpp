@@ -12,7 +12,7 @@
 
 namespace {
 
-long evaluations = 0;
+long evaluated = 0;
 
 const std::array<void*, 4> equations{
     reinterpret_cast<void*>(&classic::COMT1), reinterpret_cast<void*>(&classic::COMT2),
@@ -22,7 +22,7 @@ const std::array<void*, 4> equations{
 
 // The module is compiled for the survey with a call of this at the entry of each of its functions.
 extern "C" void __cyg_profile_func_enter(void* function, void* /*caller*/) {
-  evaluations += std::count(equations.begin(), equations.end(), function);
+  evaluated += std::count(equations.begin(), equations.end(), function);
 }
 extern "C" void __cyg_profile_func_exit(void* /*function*/, void* /*caller*/) {}
 
@@ -108,14 +108,13 @@ const std::vector<Finder>& finders() {
   return all;
 }
 
+long evaluations() { return evaluated; }
+
 Result place_all(const Finder& finder, const Band& band, int count) {
   std::vector<Trial> trials;
-  long evaluated = 0;
+  const long before = evaluations();
   for (int k = 0; k < count; ++k) {
-    const State state = state_in(band, k);
-    const long before = evaluations;
-    trials.push_back(place(finder, state));
-    evaluated += evaluations - before;
+    trials.push_back(place(finder, state_in(band, k)));
   }
   const std::vector<double> errors = sorted_errors(trials);
   const double none = std::numeric_limits<double>::quiet_NaN();
@@ -124,7 +123,7 @@ Result place_all(const Finder& finder, const Band& band, int count) {
           errors.empty() ? none : errors.back(),
           share(trials, [](const Trial& t) { return t.flagged; }),
           share(trials, [](const Trial& t) { return t.unconverged; }),
-          static_cast<double>(evaluated) / count};
+          static_cast<double>(evaluations() - before) / count};
 }
 
 }  // namespace survey

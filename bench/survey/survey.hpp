@@ -30,6 +30,9 @@ struct Result {
   double evaluations;                  // mean number of evaluations of the equations
 };
 
+/// Evaluations of the equations and of the saturation line so far.
+long evaluations();
+
 /// Places `count` states of a band with a finder.
 Result place_all(const Finder& finder, const Band& band, int count);
 

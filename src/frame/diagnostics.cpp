@@ -44,7 +44,7 @@ std::ostream& WriteDiagnostic(VEKErrorStream& stream, const char* text) {
 }
 
 int ReportError(const char* routine, const int* code, const double* value1, const double* value2) {
-  ++ErrorCount;
+  ErrorCount = static_cast<int>(static_cast<unsigned>(ErrorCount) + 1);  // may wrap, never stops
   if (ErrorCount <= print_limit) {
     write_report(routine, *code, value1, value2);
   }

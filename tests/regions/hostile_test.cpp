@@ -1,0 +1,93 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <limits>
+
+#include "api/vek.h"
+#include "frame/error_flag.hpp"
+#include "support/allocations.hpp"
+#include "survey.hpp"
+
+// Input that no state has: the finders end on it, and leave one of their codes.
+
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr std::array<double, 18> hostile{std::numeric_limits<double>::quiet_NaN(),
+                                         infinity,
+                                         -infinity,
+                                         0.0,
+                                         -0.0,
+                                         -1.0,
+                                         -273.15,
+                                         std::numeric_limits<double>::denorm_min(),
+                                         -1e-310,
+                                         1e-300,
+                                         std::numeric_limits<double>::max(),
+                                         std::numeric_limits<double>::lowest(),
+                                         1e-3,
+                                         0.5,
+                                         4.442864888,
+                                         300.0,
+                                         374.15,
+                                         2500.0};
+
+class Hostile : public testing::TestWithParam<survey::Finder> {};
+
+TEST_P(Hostile, PairsEndWithACodeInTheFinder) {
+  for (const double first : hostile) {
+    for (const double second : hostile) {
+      double a = first;
+      double b = second;
+      double tolerance = 1e-8;
+      const int region = GetParam().find(&a, &b, &tolerance);
+      // The pair of pressure and quality keeps its last code for a pressure that is not a number.
+      const int lowest = GetParam().name == "px" && std::isnan(first) ? 0 : 1;
+      EXPECT_TRUE(region >= lowest && region <= 7) << first << ", " << second << ": " << region;
+    }
+  }
+}
+
+TEST_P(Hostile, PairsEndInARequest) {
+  std::array<double, 9> result{};
+  for (const double first : hostile) {
+    for (const double second : hostile) {
+      vek(GetParam().find, &first, &second, "P,T,V,H,S,X,CP,DV,TC ", result.data());
+      EXPECT_GE(VEKHasError(), 0);
+    }
+  }
+}
+
+TEST_P(Hostile, TolerancesEnd) {
+  for (double tolerance : {0.0, -1.0, 1.0, infinity, std::numeric_limits<double>::quiet_NaN()}) {
+    for (const survey::Band& band : survey::bands()) {
+      const survey::State state = survey::state_in(band, 7);
+      double a = state.*GetParam().first;
+      double b = state.*GetParam().second;
+      const int region = GetParam().find(&a, &b, &tolerance);
+      EXPECT_TRUE(region >= 0 && region <= 7) << band.name << ": " << region;
+    }
+  }
+}
+
+TEST_P(Hostile, FindersDoNotAllocate) {
+  for (const survey::Band& band : survey::bands()) {
+    if (!GetParam().applies_to(band)) {
+      continue;
+    }
+    for (int k = 0; k < 20; ++k) {
+      const survey::State state = survey::state_in(band, k);
+      std::array<double, 9> result{};
+      const long before = allocations();
+      vek(GetParam().find, &(state.*GetParam().first), &(state.*GetParam().second),
+          "P,T,V,H,S,X,CP,DV,TC,??? ", result.data());
+      EXPECT_EQ(allocations(), before) << band.name;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Finders, Hostile, testing::ValuesIn(survey::finders()),
+                         [](const auto& finder) { return finder.param.name; });
+
+}  // namespace

@@ -1,0 +1,232 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "formulation/routines.hpp"
+#include "regions/boundary_line.hpp"
+#include "regions/region.hpp"
+#include "solve/properties.hpp"
+#include "solve/residuals.hpp"
+#include "solve/saturated_volumes.hpp"
+#include "solve/saturation_temperature.hpp"
+#include "support/diagnostic_lines.hpp"
+#include "survey.hpp"
+
+// What the finders do deliberately and what somebody might want to correct.
+
+namespace {
+
+using namespace classic;
+
+double tol = 1e-8;
+
+int region_of(VekFinder finder, double a, double b) { return finder(&a, &b, &tol); }
+
+double next_up(double x) { return std::nextafter(x, HUGE_VAL); }
+
+TEST(Margins, DifferInSizeAndSignOnTheSteamSide) {
+  const double p = 200;
+  const double t_single = line_temperature_single(p);
+  const double h = ENTHA2(&p, &t_single);
+  const double s = ENTRO2(&p, &t_single);
+  const double u = ENERG2(&p, &t_single);
+  EXPECT_EQ(region_of(vekrph_, p, h - 0.199), 2);
+  EXPECT_EQ(region_of(vekrph_, p, h - 0.201), 3);
+  EXPECT_EQ(region_of(vekrps_, p, s + 0.000201), 2);
+  EXPECT_EQ(region_of(vekrps_, p, s + 0.000199), 3);
+  EXPECT_EQ(region_of(vekrpu_, p, u + 0.201), 2);
+  EXPECT_EQ(region_of(vekrpu_, p, u + 0.199), 3);
+  const double t = line_temperature(p);
+  const double v = SPVOL2(&p, &t);
+  EXPECT_EQ(region_of(vekrpv_, p, v * (1 - 4.9e-4)), 2);
+  EXPECT_EQ(region_of(vekrpv_, p, v * (1 - 5.1e-4)), 3);
+}
+
+TEST(Margins, DifferOnTheWaterSide) {
+  const double p = 200;
+  const double t = 350;
+  const double h = ENTHA1(&p, &t);
+  const double s = ENTRO1(&p, &t);
+  const double u = ENERG1(&p, &t);
+  const double v = SPVOL1(&p, &t);
+  EXPECT_EQ(region_of(vekrph_, p, h + 0.199), 1);
+  EXPECT_EQ(region_of(vekrph_, p, h + 0.201), 4);
+  EXPECT_EQ(region_of(vekrps_, p, s + 0.000199), 1);
+  EXPECT_EQ(region_of(vekrps_, p, s + 0.000201), 4);
+  EXPECT_EQ(region_of(vekrpu_, p, u + 0.199), 1);
+  EXPECT_EQ(region_of(vekrpu_, p, u + 0.201), 4);
+  EXPECT_EQ(region_of(vekrpv_, p, v * (1 + 4.9e-4)), 1);
+  EXPECT_EQ(region_of(vekrpv_, p, v * (1 + 5.1e-4)), 4);
+}
+
+TEST(Margins, TakeTheToleranceAsAbsoluteInEntropy) {
+  const double p = 10;
+  const double ts = VEKQIT(p);
+  const double s_water = ENTRO1(&p, &ts);
+  double wide = 1e-3;
+  const auto region = [&](double s) {
+    double a = p;
+    return vekrps_(&a, &s, &wide);
+  };
+  EXPECT_EQ(region(s_water + 0.9e-3), 1);
+  EXPECT_EQ(region(s_water + 1.1e-3), 6);
+}
+
+TEST(LowBand, TakesSaturatedSteamAsSteamExceptByEnergy) {
+  const double p = 10;
+  const double ts = VEKQIT(p);
+  EXPECT_EQ(region_of(vekrpv_, p, SPVOL2(&p, &ts)), 2);
+  EXPECT_EQ(region_of(vekrph_, p, ENTHA2(&p, &ts)), 2);
+  EXPECT_EQ(region_of(vekrps_, p, ENTRO2(&p, &ts)), 2);
+  EXPECT_EQ(region_of(vekrpu_, p, ENERG2(&p, &ts)), 6);
+  EXPECT_EQ(region_of(vekrpu_, p, next_up(ENERG2(&p, &ts))), 2);
+}
+
+TEST(Bands, EndAtTheSaturationPressureOf350) {
+  constexpr double p = 165.3512406;
+  const double t = 350;
+  const double h = ENTHA1(&p, &t) + 0.1;  // wet in the low band, inside the margin above it
+  EXPECT_EQ(region_of(vekrph_, p, h), 6);
+  EXPECT_EQ(region_of(vekrph_, next_up(p), h), 1);
+  const double v = SPVOL1(&p, &t) * (1 + 4e-4);
+  EXPECT_EQ(region_of(vekrpv_, p, v), 6);
+  EXPECT_EQ(region_of(vekrpv_, next_up(p), v), 1);
+}
+
+TEST(Bands, CountTheCriticalPressureDifferently) {
+  // The caloric finders take it into the middle band, where critical enthalpy is steam.
+  const double v = 0.00317;
+  const double t = 374.15;
+  const double h = ENTHA3(&v, &t);
+  EXPECT_EQ(region_of(vekrph_, 221.2, h), 3);
+  EXPECT_EQ(region_of(vekrph_, next_up(221.2), h), 4);
+  // The finder from volume takes it into the supercritical band, which needs no saturation
+  // temperature.
+  const auto evaluations = [](double p) {
+    const long before = survey::evaluations();
+    region_of(vekrpv_, p, 0.0029);
+    return survey::evaluations() - before;
+  };
+  EXPECT_EQ(evaluations(221.2), evaluations(next_up(221.2)));
+  EXPECT_EQ(evaluations(std::nextafter(221.2, 0.0)), evaluations(221.2) + 2);
+}
+
+TEST(BoundaryLine, HasOtherDigitsInEachFinder) {
+  // Between the line of most finders and those with transposed digits, some 0.7 bar higher.
+  const double t = 365;
+  const double p = line_pressure(t, 15.74373327) + 0.4;
+  const double v = volume3(&t, &p, 5.6e-6 * t - 0.00073, 0.01545 - 2.18e-5 * t, &tol);
+  EXPECT_EQ(region_of(vekrpt_, p, t), 2);
+  EXPECT_EQ(region_of(vekrtv_, t, v), 3);
+  EXPECT_EQ(region_of(vekrth_, t, ENTHA3(&v, &t)), 3);
+  EXPECT_EQ(region_of(vekrts_, t, ENTRO3(&v, &t)), 3);
+  EXPECT_EQ(region_of(vekrtu_, t, ENERG3(&v, &t)), 2);
+}
+
+TEST(BoundaryLine, IsInvertedInSinglePrecisionByTheCaloricFindersBelowTheCriticalPressure) {
+  for (const double p : {200.0, 230.0}) {
+    const double t_single = line_temperature_single(p);
+    const double t_double = line_temperature(p);
+    const double threshold =
+        0.5 * (ENTHA2(&p, &t_single) + ENTHA2(&p, &t_double)) - 0.2;  // between the two margins
+    EXPECT_EQ(region_of(vekrph_, p, threshold), p < 221.2 ? 2 : 3);
+  }
+}
+
+TEST(BoundaryLine, HasAnInverseThatIsNotItsOwn) {
+  EXPECT_NEAR(line_temperature(line_pressure(400, 15.74373327)), 399.997086, 1e-6);
+  EXPECT_NEAR(line_temperature(1000), 589.997246, 1e-6);
+}
+
+TEST(StartPressure, OfThinSteamByVolumeIsTenTimesTooHigh) {
+  const auto found = [](double p, double t) {
+    double a = t;
+    double b = SPVOL2(&p, &t);
+    vekrtv_(&a, &b, &tol);
+    return a;
+  };
+  EXPECT_NEAR(found(0.07, 100), 0.07, 1e-8);
+  EXPECT_GT(std::abs(found(0.03, 100) - 0.03), 0.01);
+  EXPECT_NEAR(found(0.03, 400), 0.03, 1e-8);
+}
+
+TEST(StartPressure, OfDenseWaterIsLimitedByEntropyOnly) {
+  const auto lines = [](VekFinder finder, double y) {
+    DiagnosticLines diagnostics;
+    region_of(finder, 0.00095, y);
+    return diagnostics.take();
+  };
+  const std::string unlimited = "COMT1,P= 1147.66";
+  EXPECT_NE(lines(vekrvh_, 100).find(unlimited), std::string::npos);
+  EXPECT_NE(lines(vekrvu_, 0).find(unlimited), std::string::npos);
+  EXPECT_EQ(lines(vekrvs_, 0).find("P= 1147"), std::string::npos);
+}
+
+TEST(Residuals, OfEnergyGiveAVolumeInWetSteamAbove350) {
+  const double p = 200;
+  const double v = 0.004;
+  // The start value that the vapour leaves for the liquid leads to the vapour again.
+  const double ts = VEKQIT(p);
+  EXPECT_NEAR(UOFPV(&p, &v, &tol), vapour_volume3(&ts, &p, &tol), 1e-7);
+  EXPECT_GT(HOFPV(&p, &v, &tol), 2000);
+}
+
+TEST(Residuals, OfEnergyAndEntropyWeightWetStatesByTheTemperature) {
+  const double t = 300;
+  const double ps = VEKQPT(&t);
+  const double s = 0.5 * (ENTRO1(&ps, &t) + ENTRO2(&ps, &t));
+  const double h = mixed(ENTHA1(&ps, &t), t, ENTHA2(&ps, &t));
+  const double v = mixed(SPVOL1(&ps, &t), t, SPVOL2(&ps, &t));
+  EXPECT_DOUBLE_EQ(UOFTS(&t, &s, &tol), h - ps * v * 100);
+  EXPECT_NEAR(HOFTS(&t, &s, &tol), mixed(ENTHA1(&ps, &t), 0.5, ENTHA2(&ps, &t)), 1e-6);
+}
+
+TEST(Residuals, OfVolumeAndQualityAreNotANumberOutsideTheWetRegion) {
+  const double t = 380;
+  const double x = 0.5;
+  EXPECT_TRUE(std::isnan(VOFTX(&t, &x, &tol)));
+}
+
+TEST(EntropyAndQuality, RefusesOneEntropyExactly) {
+  DiagnosticLines diagnostics;
+  EXPECT_EQ(region_of(vekrsx_, 4.44286488, 0.3), 7);
+  EXPECT_EQ(diagnostics.take(), " POINT IS BELOW CRITICAL POINT  S = 4.44286\n");
+  EXPECT_NE(region_of(vekrsx_, next_up(4.44286488), 0.3), 7);
+}
+
+TEST(EntropyAndQuality, GoesOnAfterItsMessage) {
+  const double t = 360;
+  const double ps = VEKQPT(&t);
+  const double v_water = liquid_volume3(&t, &ps, &tol);
+  const double v_steam = vapour_volume3(&t, &ps, &tol);
+  DiagnosticLines diagnostics;
+  double s = mixed(ENTRO3(&v_water, &t), 0.5, ENTRO3(&v_steam, &t));
+  double x = 0.5;
+  EXPECT_EQ(vekrsx_(&s, &x, &tol), 5);
+  EXPECT_NE(diagnostics.take().find(" POINT IS NOT IN WET-REGIONINT  S = 4.49052, X = 0.5\n"),
+            std::string::npos);
+  EXPECT_EQ(s, 0.5);
+  EXPECT_NEAR(x, 360, 1e-4);
+}
+
+TEST(EntropyAndQuality, GivesUpInACycle) {
+  const double t = 5;
+  const double ps = VEKQPT(&t);
+  const double s_steam = ENTRO2(&ps, &t);
+  for (const double s : {s_steam, std::numeric_limits<double>::quiet_NaN()}) {
+    DiagnosticLines diagnostics;
+    double a = s;
+    double b = 1;
+    EXPECT_EQ(vekrsx_(&a, &b, &tol), 7);
+    const std::string lines = diagnostics.take();
+    const std::string warning =
+        "*** VEKFTN-WARNING: Maximum number of iterations exceeded (code: VEKRSX) ***\n";
+    EXPECT_EQ(lines.substr(lines.size() - warning.size()), warning);
+    EXPECT_TRUE(std::isnan(s) ? std::isnan(a) : a == s);
+    EXPECT_EQ(b, 1);
+  }
+}
+
+}  // namespace
