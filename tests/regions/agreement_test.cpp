@@ -45,7 +45,7 @@ double largest_difference(const State& state, const std::array<double, 5>& found
 /// 5.5e-4. Elsewhere a state is found to some 1e-7, near the critical point its volume to 1e-5.
 double bound(const Band& band) {
   if (band.name == "wet, denser than 0.00317 m³/kg") {
-    return 1e-4;  // of the quality, which is small there
+    return 1e-3;  // the quality is small, and what it does to enthalpy and entropy too
   }
   switch (band.region) {
     case 3:
