@@ -1,9 +1,6 @@
-#include <fmt/core.h>
-
 #include <CLI/CLI.hpp>
 #include <iostream>
 
-#include "frame/diagnostics.hpp"
 #include "pairs.hpp"
 #include "state_command.hpp"
 
@@ -31,9 +28,6 @@ void define(CLI::App& app, command::StateOptions& options) {
       ->check(CLI::Validator(command::check_list, ""));
 }
 
-/// The diagnostic lines of the module go to standard error.
-void show_diagnostics() { static_cast<std::ios&>(classic::ErrorStream).rdbuf(std::cerr.rdbuf()); }
-
 int run(int argc, char** argv) {
   CLI::App app("Properties of water and steam on the 1967 industrial formulation (IFC-67)", "vek");
   command::StateOptions options;
@@ -43,7 +37,11 @@ int run(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : wrong_usage;
   }
-  show_diagnostics();
+  if (const std::string wrong = command::check_known(options.pair, options.first, options.second);
+      !wrong.empty()) {
+    std::cerr << "vek: " << wrong << '\n';
+    return wrong_usage;
+  }
   return command::show_state(options);
 }
 

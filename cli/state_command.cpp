@@ -7,10 +7,12 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <iostream>
 #include <limits>
 #include <map>
 #include <vector>
 
+#include "frame/diagnostics.hpp"
 #include "pairs.hpp"
 #include "regions/region.hpp"
 
@@ -107,12 +109,30 @@ int region_of(const StateOptions& options) {
   return pair_named(options.pair).finder(&a, &b, &tolerance);
 }
 
-std::vector<double> request(const StateOptions& options, const Items& items) {
+/// The diagnostic lines of the module go to standard error while this lives.
+class ShownDiagnostics {
+ public:
+  ShownDiagnostics() { stream().rdbuf(std::cerr.rdbuf()); }
+  ShownDiagnostics(const ShownDiagnostics&) = delete;
+  ShownDiagnostics& operator=(const ShownDiagnostics&) = delete;
+  ~ShownDiagnostics() { stream().rdbuf(nullptr); }
+
+ private:
+  static std::ios& stream() { return static_cast<std::ios&>(classic::ErrorStream); }
+};
+
+/// Values of the items, from a request of their own.
+std::vector<double> silently(const StateOptions& options, const Items& items) {
   std::vector<double> values(items.size(), untouched);
   const std::string list = fmt::format("{} ", fmt::join(items, ","));
   vek(pair_named(options.pair).finder, &options.first, &options.second, list.c_str(),
       values.data());
   return values;
+}
+
+std::vector<double> request(const StateOptions& options, const Items& items) {
+  const ShownDiagnostics shown;
+  return silently(options, items);
 }
 
 void print_line(const std::string& item, const char* name, const std::string& value,
@@ -142,10 +162,44 @@ bool print_items(const Items& items, const std::vector<double>& values) {
 }
 
 /// What the module has no list item for.
-void print_derived(const StateOptions& options) {
-  const std::vector<double> pvh = request(options, {"P", "V", "H"});
-  print_value("", "internal energy", pvh[2] - 100 * pvh[0] * pvh[1], "kJ/kg");
-  print_value("", "density", 1 / pvh[1], "kg/m³");
+/// @param values  of all items
+void print_derived(const std::vector<double>& values) {
+  const double p = values[0];
+  const double v = values[2];
+  const double h = values[3];
+  print_value("", "internal energy", h - 100 * p * v, "kJ/kg");
+  print_value("", "density", 1 / v, "kg/m³");
+}
+
+/// Some finders misplace states without a sign: says so when the state does not have the known
+/// pair.
+bool reproduces(const StateOptions& options) {
+  const auto v = silently(options, {"P", "T", "V", "H", "S", "X"});
+  const std::map<char, double> found{{'p', v[0]}, {'t', v[1]}, {'v', v[2]},
+                                     {'h', v[3]}, {'s', v[4]}, {'u', v[3] - 100 * v[0] * v[2]},
+                                     {'x', v[5]}};
+  bool all = true;
+  for (const auto& [letter, value] :
+       {std::pair{options.pair[0], options.first}, std::pair{options.pair[1], options.second}}) {
+    const std::string wrong = check_reproduced(letter, value, found.at(letter));
+    if (!wrong.empty()) {
+      fmt::print(stderr, "vek: {}\n", wrong);
+      all = false;
+    }
+  }
+  return all;
+}
+
+bool is_wet(int region) { return region == classic::wet || region == classic::wet_above_350; }
+
+/// On the saturation line a pressure and a temperature leave the quality open.
+void note_saturation(const StateOptions& options, int region) {
+  if (options.pair == "pt" && is_wet(region)) {
+    fmt::print(stderr,
+               "vek: {} bar and {} °C lie on the saturation line, where the module takes the "
+               "pressure for the quality; give the quality with px or tx\n",
+               options.first, options.second);
+  }
 }
 
 }  // namespace
@@ -163,24 +217,25 @@ std::string check_list(const std::string& list) {
 }
 
 int show_state(const StateOptions& options) {
-  const int region = region_of(options);
   const Items items = options.list.empty() ? all_items() : split(options.list);
   const std::vector<double> values = request(options, items);
   const int flag = VEKHasError();
+  const int region = region_of(options);
   if (region == classic::refused) {
     fmt::print(stderr, "vek: {} {} {}: no state can be placed\n", options.pair, options.first,
                options.second);
     return 1;
   }
+  note_saturation(options, region);
   const bool complete = print_items(items, values);
   if (options.list.empty()) {
-    print_derived(options);
+    print_derived(values);
     print_line("", "region", fmt::format("{:>18}", region), in_words(region));
   }
   if (flag != 0) {
     fmt::print(stderr, "vek: error flag {}: {}\n", flag, flag_in_words(flag));
   }
-  return flag == 0 && complete ? 0 : 1;
+  return reproduces(options) && flag == 0 && complete ? 0 : 1;
 }
 
 }  // namespace command
