@@ -9,6 +9,7 @@
 #include "regions/region.hpp"
 #include "solve/properties.hpp"
 #include "solve/residuals.hpp"
+#include "solve/root_solvers.hpp"
 #include "solve/saturated_volumes.hpp"
 #include "solve/saturation_temperature.hpp"
 #include "support/diagnostic_lines.hpp"
@@ -138,6 +139,23 @@ TEST(BoundaryLine, IsInvertedInSinglePrecisionByTheCaloricFindersBelowTheCritica
 TEST(BoundaryLine, HasAnInverseThatIsNotItsOwn) {
   EXPECT_NEAR(line_temperature(line_pressure(400, 15.74373327)), 399.997086, 1e-6);
   EXPECT_NEAR(line_temperature(1000), 589.997246, 1e-6);
+}
+
+TEST(SaturatedWater, KeepsTheConditionalGroupByEnthalpyOnly) {
+  // From a start at the critical volume the two pressures of subregion 3 lead to saturated volumes
+  // that differ in their last digits.
+  const double p = 210;
+  const double ts = VEKQIT(p);
+  const auto saturated = [&](Function pressure) {
+    double v1 = liquid_volume_start(ts);
+    double v2 = 0.00174;
+    return VEKQI2(pressure, &ts, &p, &v1, &v2, &tol);
+  };
+  const double v_always = saturated(PRESS3X);
+  const double v = saturated(PRESS3);
+  EXPECT_EQ(region_of(vekrph_, p, 0.5 * (ENTHA3(&v_always, &ts) + ENTHA3(&v, &ts))), 5);
+  EXPECT_EQ(region_of(vekrps_, p, 0.5 * (ENTRO3(&v_always, &ts) + ENTRO3(&v, &ts))), 4);
+  EXPECT_EQ(region_of(vekrpu_, p, 0.5 * (ENERG3(&v_always, &ts) + ENERG3(&v, &ts))), 4);
 }
 
 TEST(StartPressure, OfThinSteamByVolumeIsTenTimesTooHigh) {
