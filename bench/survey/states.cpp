@@ -148,6 +148,10 @@ const std::vector<Band>& bands() {
        [](double a, double b) {
          return steam_at(between_logarithms(p_lowest, p_highest, a), between(590, 800, b));
        }},
+      {"thin hot steam, entropy above 9.16", 2,
+       [](double a, double b) {
+         return steam_at(between_logarithms(p_lowest, 0.07, a), between(300, 800, b));
+       }},
       {"near-critical steam, to 374.15 °C", 3,
        [](double a, double b) {
          const double t = between(350, 374.15, b);

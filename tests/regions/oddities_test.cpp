@@ -141,6 +141,30 @@ TEST(BoundaryLine, HasAnInverseThatIsNotItsOwn) {
   EXPECT_NEAR(line_temperature(1000), 589.997246, 1e-6);
 }
 
+TEST(StartValues, AreTriedInTheirOrder) {
+  // A root at the start value that is tried first saves the evaluation at the other one.
+  const auto evaluations = [](VekFinder finder, double a, double b) {
+    const long before = survey::evaluations();
+    region_of(finder, a, b);
+    return survey::evaluations() - before;
+  };
+  const double p = 200;
+  const double t = 350;
+  EXPECT_EQ(evaluations(vekrph_, p, ENTHA1(&p, &t)), 2);  // 350 first
+  EXPECT_EQ(evaluations(vekrps_, p, ENTRO1(&p, &t)), 2);
+  EXPECT_EQ(evaluations(vekrpu_, p, ENERG1(&p, &t)), 4);  // two each
+  EXPECT_EQ(evaluations(vekrpv_, p, SPVOL1(&p, &t)), 3);  // 0.01 first
+  // At the critical point one of the two start volumes of the supercritical band is a root, and on
+  // the boundary line the start temperature of steam: by enthalpy the volume is tried first.
+  const double v_critical = 0.00317;
+  const double t_critical = 374.15;
+  const double p_critical = PRESS3(&v_critical, &t_critical);
+  ASSERT_GT(p_critical, 221.2);
+  const double t_line = line_temperature(p_critical);
+  EXPECT_EQ(evaluations(vekrph_, p_critical, ENTHA2(&p_critical, &t_line)), 5);
+  EXPECT_EQ(evaluations(vekrpv_, p_critical, SPVOL2(&p_critical, &t_line)), 5);  // second
+}
+
 TEST(SaturatedWater, KeepsTheConditionalGroupByEnthalpyOnly) {
   // From a start at the critical volume the two pressures of subregion 3 lead to saturated volumes
   // that differ in their last digits.
