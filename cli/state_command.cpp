@@ -137,7 +137,7 @@ std::vector<double> request(const StateOptions& options, const Items& items) {
 
 void print_line(const std::string& item, const char* name, const std::string& value,
                 const char* unit) {
-  fmt::print("{:<3} {:<23} {} {}\n", item, name, value, unit);
+  fmt::print("{:<3} {:<23} {}{}{}\n", item, name, value, *unit != 0 ? " " : "", unit);
 }
 
 void print_value(const std::string& item, const char* name, double value, const char* unit) {
