@@ -62,7 +62,7 @@ class Host : public testing::Test {
     return VEKHasError();
   }
 
-  static inline std::array<double, 8> results{};
+  static inline std::array<double, 9> results{};
 
  private:
   struct sigaction before_ = {};
