@@ -113,7 +113,7 @@ State supercritical(double a, double b, double t_low, double t_high) {
 
 }  // namespace
 
-const std::vector<Band>& bands() {
+const std::vector<Band>& bands() {  // NOLINT(readability-function-size): a table
   static const std::vector<Band> all{
       {"water, to 10 °C", 1,
        [](double a, double b) { return water_in(0, p_highest, 0.01, 10, a, b); }},

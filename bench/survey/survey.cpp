@@ -21,10 +21,12 @@ const std::array<void*, 4> equations{
 }  // namespace
 
 // The module is compiled for the survey with a call of this at the entry of each of its functions.
+// NOLINTBEGIN(bugprone-reserved-identifier): the compiler chose these names
 extern "C" void __cyg_profile_func_enter(void* function, void* /*caller*/) {
   evaluated += std::count(equations.begin(), equations.end(), function);
 }
 extern "C" void __cyg_profile_func_exit(void* /*function*/, void* /*caller*/) {}
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace survey {
 namespace {
@@ -112,6 +114,7 @@ long evaluations() { return evaluated; }
 
 Result place_all(const Finder& finder, const Band& band, int count) {
   std::vector<Trial> trials;
+  trials.reserve(static_cast<std::size_t>(count));
   const long before = evaluations();
   for (int k = 0; k < count; ++k) {
     trials.push_back(place(finder, state_in(band, k)));
