@@ -117,13 +117,13 @@ TEST(NestedSolver, BeginsEachInnerSolutionFromTheSameStartValues) {
 TEST(NestedSolver, SolvesWithinToThePower125OfItsTolerance) {
   NestedProblem problem{product, 100, 1, 1, 0.0625};
   problem.target_inner = 1;
-  problem.ylo = 1.05;
+  problem.ylo = 1.03126;
   solve(problem);
   EXPECT_GT(inner_evaluated.size(), 2U);
-  problem.ylo = 1.03;
+  problem.ylo = 1.03124;
   const NestedOutcome out = solve(problem);
   EXPECT_EQ(inner_evaluated.size(), 2U);
-  EXPECT_EQ(out.ylo, 1.03);
+  EXPECT_EQ(out.ylo, 1.03124);
 }
 
 TEST(NestedSolver, WritesNoResultAtItsLimit) {

@@ -86,9 +86,10 @@ Outcome solve(Solver solver, const Problem& problem) {
 Curve step(double root) {
   return [root](double x) { return std::isnan(x) ? x : x < root ? 0.0 : 2.0; };
 }
-Curve nan_at(double gap, const Curve& f) {
-  return [gap, f](double x) { return x == gap ? not_a_number : f(x); };
+Curve with(double value, double at, const Curve& f) {
+  return [=](double x) { return x == at ? value : f(x); };
 }
+Curve nan_at(double gap, const Curve& f) { return with(not_a_number, gap, f); }
 double twice(double x) { return 2 * x; }
 
 }  // namespace
@@ -143,6 +144,18 @@ TEST(BracketingSolvers, EvaluateInTheStatedOrderAndLeaveTheirBracketToTheCaller)
        1.109375,
        1.09375,
        1.125},
+      {"root in the middle of the left half",
+       {with(1, 1.25, step(1.3)), 1, 1, 2, 0.125},
+       {1, 2, 1.5, 1.25, 1.25},
+       1.25,
+       1.25,
+       1.5},
+      {"root in the middle of the right half",
+       {with(1, 1.75, step(1.7)), 1, 1, 2, 0.125},
+       {1, 2, 1.5, 1.75, 1.75},
+       1.75,
+       1.5,
+       1.75},
       {"not a number at x1", {nan_at(1, step(1.3)), 1, 1, 2, 0.125}, {1}, 1, 1, 2},
       {"not a number at x2", {nan_at(2, step(1.3)), 1, 1, 2, 0.125}, {1, 2}, 2, 1, 2},
       {"not a number at the false-position point",
