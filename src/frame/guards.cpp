@@ -1,9 +1,8 @@
 #include "frame/guards.hpp"
 
-#include <signal.h>
-
 #include "frame/error_flag.hpp"
 #include "frame/fault_traps.hpp"
+#include "frame/fpe_handler.hpp"
 
 namespace classic {
 
@@ -34,20 +33,6 @@ double SafeExp(double x) {
 
 int FpeGuardActive = 0;
 
-namespace {
-
-struct sigaction host_action;
-
-void register_handler() {
-  struct sigaction action = {};
-  action.sa_handler = FpeHandler;
-  action.sa_flags = static_cast<int>(SA_RESETHAND);
-  sigemptyset(&action.sa_mask);
-  sigaction(SIGFPE, &action, nullptr);
-}
-
-}  // namespace
-
 void FpeHandler(int /*signal*/) {
   LibraryErrorFlag = 1;
   if (FpeGuardActive != 0) {
@@ -57,8 +42,7 @@ void FpeHandler(int /*signal*/) {
 
 FpeGuard::FpeGuard() {
   FpeGuardActive = 1;
-  sigaction(SIGFPE, nullptr, &host_action);
-  register_handler();
+  take_signal();
   hold_traps();
 }
 
@@ -67,7 +51,7 @@ int FpeGuard::release() {
     LibraryErrorFlag = 1;
   }
   FpeGuardActive = 0;
-  return sigaction(SIGFPE, &host_action, nullptr);
+  return give_signal_back();
 }
 
 }  // namespace classic

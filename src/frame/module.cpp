@@ -1,8 +1,5 @@
 #include "frame/module.hpp"
 
-#include <dlfcn.h>
-#include <link.h>
-
 #include <new>
 
 #include "api/vek.h"
@@ -10,17 +7,6 @@
 namespace {
 
 TModule* VekModule = nullptr;
-
-/// The handle by which the dynamic linker knows the image that holds this code.
-void* own_handle() {
-  Dl_info info;
-  link_map* map = nullptr;
-  dladdr1(reinterpret_cast<void*>(&GetVekModule), &info, reinterpret_cast<void**>(&map),
-          RTLD_DL_LINKMAP);
-  return map;
-}
-
-[[gnu::constructor]] void on_load() { classic::module_entry(own_handle(), 1, nullptr); }
 
 }  // namespace
 
