@@ -8,4 +8,4 @@ target_sources(vek PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/vek.def)
 
 set_target_properties(vek PROPERTIES PREFIX "" OUTPUT_NAME Vek)
 # Only system libraries are imported: the compiler's own runtime is inside.
-target_link_options(vek PRIVATE -static)
+target_link_options(vek PRIVATE -static $<$<CONFIG:Release>:-s>)

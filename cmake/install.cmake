@@ -1,7 +1,7 @@
 include(CMakePackageConfigHelpers)
 
 install(TARGETS vek EXPORT VekTargets)
-install(FILES src/api/vek.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vek)
+install(FILES src/api/vek.h src/api/vek.f90 DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vek)
 if(VEK_BUILD_CLI)
   install(TARGETS vek_command)
 endif()
@@ -15,5 +15,10 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/VekConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/VekConfigVersion.cmake
         DESTINATION ${package_dir})
 
+file(RELATIVE_PATH prefix_from_pc /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/vek.pc.in vek.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vek.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+if(WIN32)
+  include(zip)
+endif()

@@ -1,0 +1,63 @@
+/* A host that runs with floating-point traps and a SIGFPE handler of its own. A faulting request
+ * raises the flag, and the host has its traps and its handler back afterwards. */
+
+#include "traps.h"
+
+#include <setjmp.h>
+#include <signal.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <vek/vek.h>
+
+static jmp_buf after_fault;
+
+static void on_fault(int number) {
+  (void)number;
+  longjmp(after_fault, 1);
+}
+
+struct Request {
+  const char* what;
+  double p, t;
+  const char* list;
+  int flag;
+};
+
+static const struct Request requests[] = {
+    {"no fault", 10, 100, "H,S ", 0},
+    {"overflow and invalid operation", 1e-310, 300, "V ", 1},
+    {"division by zero", 0, 300, "V ", 1},
+    {"overflow", 1e305, 20, "H ", 1},
+    {"a fault, then a diagnostic line", 0, 300, "V,Q ", 2},
+    {"no fault after faults", 10, 100, "H,S ", 0},
+};
+
+int main(void) {
+  if (!enable_traps()) {
+    puts("there are no traps on this machine");
+    return 77;
+  }
+  const unsigned host_traps = traps();
+  signal(SIGFPE, on_fault);
+
+  int failures = 0;
+  for (size_t i = 0; i < sizeof requests / sizeof *requests; ++i) {
+    const struct Request* r = &requests[i];
+    double result[2];
+    vek(vekrpt_, &r->p, &r->t, r->list, result);
+    if (VEKHasError() != r->flag || traps() != host_traps) {
+      printf("%s: flag %d, traps %x\n", r->what, VEKHasError(), traps());
+      ++failures;
+    }
+  }
+  if (signal(SIGFPE, on_fault) != on_fault) {
+    puts("the host's handler is not back");
+    ++failures;
+  }
+  if (setjmp(after_fault) == 0) {
+    divide_by_zero();
+    puts("the host's own fault is not delivered");
+    ++failures;
+  }
+  return failures;
+}

@@ -1,0 +1,74 @@
+// Loads the module under two file names, unloads it and loads it again, as hosts do.
+
+#include <cstdio>
+
+#include "module.hpp"
+
+namespace {
+
+int failures = 0;
+
+void expect(bool holds, const char* what) {
+  if (!holds) {
+    std::printf("not so: %s\n", what);
+    ++failures;
+  }
+}
+
+/// One loaded module with what these checks call.
+struct Loaded {
+  explicit Loaded(const char* file) : module(file) {}
+
+  int flag() const { return module.function<decltype(VEKHasError)>("VEKHasError")(); }
+  TModule* object() const { return module.function<decltype(GetVekModule)>("GetVekModule")(); }
+
+  /// A request of one item from pressure and temperature.
+  double request(double p, double t, const char* list) const {
+    double result = -999;
+    module.function<decltype(vek)>("vek")(module.function<decltype(vekrpt_)>("vekrpt_"), &p, &t,
+                                          list, &result);
+    return result;
+  }
+
+  host::Module module;
+};
+
+void check_fresh(const Loaded& m) {
+  expect(m.object() != nullptr, "the module object exists once the module is loaded");
+  expect(m.flag() == 0, "the error flag is 0 after load");
+  // Four characters: the pressure comes from the slot of the last wet state, 0 after load.
+  expect(m.request(10, 100, "PRES") == 0, "nothing of an earlier load is left");
+}
+
+void leave_traces(const Loaded& m) {
+  // Steam whose pressure makes a quality: it leaves the saturation pressure at 100 degrees.
+  expect(m.request(1.0132527, 100, "P ") > 0, "a request is answered");
+  double t = 100;
+  double x = 0.5;
+  double ps = 0;
+  m.module.function<decltype(vek)>("vek")(m.module.function<decltype(vekrtx_)>("vekrtx_"), &t, &x,
+                                          "P ", &ps);
+  expect(m.request(10, 100, "PRES") == ps && ps > 1, "the slot keeps the last wet state");
+  m.request(10, 100, "Q ");
+  expect(m.flag() == 2, "an unknown item raises the flag");
+}
+
+}  // namespace
+
+int main(int /*argc*/, char** argv) {
+  Loaded first(argv[1]);
+  check_fresh(first);
+  leave_traces(first);
+
+  Loaded second(argv[2]);  // a copy of the file under another name
+  check_fresh(second);
+  expect(second.object() != first.object(), "each copy has a module object of its own");
+  expect(first.flag() == 2, "one copy does not touch the other");
+
+  first.module.close();
+  Loaded again(argv[1]);
+  check_fresh(again);
+  leave_traces(second);
+  expect(again.flag() == 0, "the copy loaded again is separate, too");
+  return failures;
+}

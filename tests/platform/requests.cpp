@@ -1,0 +1,107 @@
+// requests MODULE OUTPUT: loads a module and prints what it answers to a table of requests: every
+// finder on every state, called directly and through vek, in hexadecimal floating point.
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <string>
+
+#include "module.hpp"
+#include "states.hpp"
+
+namespace {
+
+constexpr std::array pairs{"pt", "ph", "ps", "pu", "pv", "px", "th", "ts", "tu",
+                           "tv", "tx", "hs", "us", "sx", "vh", "vs", "vu", "vx"};
+constexpr const char* list = "P,T,V,H,S,X,CP,DV,TC ";
+constexpr std::size_t items = 9;
+constexpr double untouched = -999;
+
+double quantity(const host::State& state, char letter) {
+  switch (letter) {
+    case 'p':
+      return state.p;
+    case 't':
+      return state.t;
+    case 'v':
+      return state.v;
+    case 'h':
+      return state.h;
+    case 's':
+      return state.s;
+    case 'u':
+      return state.u;
+    default:
+      return state.x;
+  }
+}
+
+std::string hexadecimal(double x) {
+  std::array<char, 40> text{};
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), x, std::chars_format::hex).ptr;
+  return {text.data(), end};
+}
+
+void print(double x) { std::printf(" %s", hexadecimal(x).c_str()); }
+
+class Requests {
+ public:
+  explicit Requests(const host::Module& module)
+      : module_(module),
+        vek_(module.function<decltype(vek)>("vek")),
+        has_error_(module.function<decltype(VEKHasError)>("VEKHasError")) {}
+
+  void run(const char* pair) const {
+    const auto name = std::string("vekr") + pair + "_";
+    auto* const finder = module_.function<decltype(vekrpt_)>(name.c_str());
+    for (std::size_t i = 0; i < host::states.size(); ++i) {
+      const double a = quantity(host::states[i], pair[0]);
+      const double b = quantity(host::states[i], pair[1]);
+      if (!std::isnan(a) && !std::isnan(b)) {
+        std::printf("%s %zu", pair, i);
+        find(finder, a, b);
+        request(finder, a, b);
+        std::printf("\n");
+      }
+    }
+  }
+
+ private:
+  /// The region code and the evaluation pair.
+  static void find(VekFinder finder, double a, double b) {
+    double tolerance = 1e-8;
+    std::printf(" %d", finder(&a, &b, &tolerance));
+    print(a);
+    print(b);
+  }
+
+  /// The error flag and the properties.
+  void request(VekFinder finder, double a, double b) const {
+    std::array<double, items> result;
+    result.fill(untouched);
+    vek_(finder, &a, &b, list, result.data());
+    std::printf(" %d", has_error_());
+    for (const double x : result) {
+      print(x);
+    }
+  }
+
+  const host::Module& module_;
+  decltype(vek)* vek_;
+  decltype(VEKHasError)* has_error_;
+};
+
+}  // namespace
+
+int main(int /*argc*/, char** argv) {
+  if (std::freopen(argv[2], "wb", stdout) == nullptr) {
+    return 2;
+  }
+  const host::Module module(argv[1]);
+  const Requests requests(module);
+  for (const char* pair : pairs) {
+    requests.run(pair);
+  }
+}
