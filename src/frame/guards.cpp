@@ -2,7 +2,7 @@
 
 #include "frame/error_flag.hpp"
 #include "frame/fault_traps.hpp"
-#include "frame/fpe_handler.hpp"
+#include "frame/fault_signal.hpp"
 
 namespace classic {
 

@@ -29,6 +29,9 @@ struct Guarded {
 /// 1 while a request runs.
 extern int FpeGuardActive;
 
+/// SIGFPE handler: sets the error flag to 1 and, while a request runs, registers itself again.
+void FpeHandler(int signal);
+
 /// Installs the SIGFPE handler for the time of one request, and gives the host its own back.
 class FpeGuard {
  public:

@@ -1,7 +1,8 @@
 # The binary interface against its baseline, and consumers of an installed prefix.
 find_program(ABIDIFF abidiff REQUIRED)
 add_test(NAME platform/abi
-         COMMAND ${ABIDIFF} --no-added-syms ${here}/vek.abi $<TARGET_FILE:vek>)
+         COMMAND ${ABIDIFF} --exported-interfaces-only --drop-private-types
+                 --headers-dir2 ${PROJECT_SOURCE_DIR}/src/api ${here}/vek.abi $<TARGET_FILE:vek>)
 
 set(prefix ${CMAKE_CURRENT_BINARY_DIR}/prefix)
 add_test(NAME platform/install

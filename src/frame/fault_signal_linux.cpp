@@ -1,6 +1,7 @@
 #include <signal.h>
 
-#include "frame/fpe_handler.hpp"
+#include "frame/fault_signal.hpp"
+#include "frame/guards.hpp"
 
 namespace classic {
 namespace {

@@ -2,10 +2,7 @@
 
 namespace classic {
 
-// The signal registration of a request, as the platform does it.
-
-/// SIGFPE handler: sets the error flag to 1 and, while a request runs, registers itself again.
-void FpeHandler(int signal);
+// SIGFPE for the time of a request, as the platform registers its handlers.
 
 /// Remembers the host's handler and registers `FpeHandler`.
 void take_signal();

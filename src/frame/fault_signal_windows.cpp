@@ -1,7 +1,8 @@
 #include <csignal>
 #include <cstdint>
 
-#include "frame/fpe_handler.hpp"
+#include "frame/fault_signal.hpp"
+#include "frame/guards.hpp"
 
 namespace classic {
 namespace {
