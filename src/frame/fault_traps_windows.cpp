@@ -1,6 +1,7 @@
 #include <array>
 #include <cstdint>
 
+#include "frame/extended_precision_windows.hpp"
 #include "frame/fault_traps.hpp"
 
 namespace classic {
@@ -9,8 +10,7 @@ namespace {
 // Both units of a 32-bit host: MXCSR of SSE, control and status word of the x87. Exceptions have
 // the same six bits in both.
 constexpr std::uint32_t all_exceptions = 0x3f;
-constexpr int mxcsr_masks = 7;                       // shift of the mask bits in MXCSR
-constexpr std::uint16_t extended_precision = 0x300;  // precision control of the x87
+constexpr int mxcsr_masks = 7;  // shift of the mask bits in MXCSR
 
 /// The x87 environment as the processor stores it.
 struct X87Environment {
@@ -44,9 +44,8 @@ void hold_traps() {
   asm volatile("fnstenv %0" : "=m"(host_x87));  // masks the traps of the x87, too
   held_traps = (~(host_mxcsr >> mxcsr_masks) | ~host_x87.control) & all_exceptions;
   write_mxcsr((host_mxcsr | (all_exceptions << mxcsr_masks)) & ~all_exceptions);
-  // Windows starts a thread with the x87 in double precision; the exponential needs extended.
   const auto control =
-      static_cast<std::uint16_t>(host_x87.control | all_exceptions | extended_precision);
+      static_cast<std::uint16_t>(host_x87.control | all_exceptions | x87_extended_precision);
   asm volatile("fnclex; fldcw %0" : : "m"(control));
 }
 

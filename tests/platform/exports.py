@@ -27,7 +27,7 @@ def check_windows(dump, names):
 def check_linux(dump, module, objdump, names):
     symbols = output_of(objdump, "-T", module).splitlines()
     exported = [line.split()[-1] for line in symbols
-                if re.match(r"^[0-9a-f]{8}", line) and "*UND*" not in line]
+                if re.match(r"[0-9a-f]+ [gwu]", line) and "*UND*" not in line]
     return [(sorted(exported), sorted(names), "exported names"),
             (re.findall(r"SONAME\s+(\S+)", dump), ["libvek.so.1"], "soname")]
 

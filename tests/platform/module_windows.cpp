@@ -8,6 +8,9 @@
 namespace host {
 
 Module::Module(const char* file) : handle_(LoadLibraryA(file)) {
+  // As a host runs whose runtime is Microsoft's: with the x87 in double precision.
+  const unsigned short control = 0x27f;
+  asm volatile("fldcw %0" : : "m"(control));
   if (handle_ == nullptr) {
     std::fprintf(stderr, "cannot load %s: error %lu\n", file, GetLastError());
     std::exit(2);
