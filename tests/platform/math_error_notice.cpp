@@ -1,0 +1,34 @@
+// Calls MathErrorNotice with the system's message box replaced by one that keeps what it is given.
+
+#include "frame/math_error_notice.hpp"
+
+#include <windows.h>
+
+#include <cstdio>
+#include <string>
+
+#include "api/vek.h"
+
+namespace {
+
+bool is_as_meant = false;
+
+int WINAPI keep(HWND owner, const char* text, const char* caption, unsigned style) {
+  is_as_meant = owner == nullptr && style == 0 && std::string(caption) == "Math error" &&
+                std::string(text) ==
+                    "If you get this message please call us,\n"
+                    "because we would like to get it, but couldn`t";
+  return 1;
+}
+
+}  // namespace
+
+// The slot of the import table through which MessageBoxA is called.
+extern "C" decltype(&keep) message_box_import asm("__imp__MessageBoxA@16");
+decltype(&keep) message_box_import = keep;
+
+int main() {
+  const bool returns_1 = classic::MathErrorNotice() == 1;
+  std::printf("box %d, result %d, flag %d\n", is_as_meant, returns_1, VEKHasError());
+  return is_as_meant && returns_1 && VEKHasError() == 1 ? 0 : 1;
+}
