@@ -1,6 +1,6 @@
-#include "frame/fault_traps.hpp"
-
 #include <cfenv>
+
+#include "frame/fault_traps.hpp"
 
 namespace classic {
 namespace {

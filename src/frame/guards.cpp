@@ -1,8 +1,8 @@
 #include "frame/guards.hpp"
 
 #include "frame/error_flag.hpp"
-#include "frame/fault_traps.hpp"
 #include "frame/fault_signal.hpp"
+#include "frame/fault_traps.hpp"
 
 namespace classic {
 

@@ -1,7 +1,7 @@
 #define _GNU_SOURCE
-#include "traps.h"
-
 #include <fenv.h>
+
+#include "traps.h"
 
 int enable_traps(void) { return feenableexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW) != -1; }
 

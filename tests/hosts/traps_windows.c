@@ -1,6 +1,6 @@
-#include "traps.h"
-
 #include <xmmintrin.h>
+
+#include "traps.h"
 
 /* The masks of invalid, division by zero and overflow: in both units in the same order. */
 enum { masks = 0x0d, mxcsr_shift = 7, mxcsr_control = 0xffc0 };
@@ -22,4 +22,6 @@ int enable_traps(void) {
 
 unsigned traps(void) { return x87_control() | (_mm_getcsr() & mxcsr_control) << 16; }
 
-void divide_by_zero(void) { __asm__ volatile("fld1; fldz; fdivrp; fwait; fstp %%st(0)" : : : "st"); }
+void divide_by_zero(void) {
+  __asm__ volatile("fld1; fldz; fdivrp; fwait; fstp %%st(0)" : : : "st");
+}
