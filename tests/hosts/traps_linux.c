@@ -1,4 +1,3 @@
-#define _GNU_SOURCE
 #include <fenv.h>
 
 #include "traps.h"
