@@ -2,12 +2,11 @@
 // platform for fixed arguments over the ranges in which the equations call them.
 
 #include <array>
-#include <charconv>
 #include <cstdio>
 #include <random>
-#include <string>
 
 #include "frame/guards.hpp"
+#include "hexadecimal.hpp"
 
 namespace {
 
@@ -30,13 +29,6 @@ constexpr std::array surveys{
 };
 constexpr int arguments = 4000;
 
-std::string hexadecimal(double x) {
-  std::array<char, 40> text{};
-  const auto end =
-      std::to_chars(text.data(), text.data() + text.size(), x, std::chars_format::hex).ptr;
-  return {text.data(), end};
-}
-
 }  // namespace
 
 int main(int /*argc*/, char** argv) {
@@ -47,7 +39,7 @@ int main(int /*argc*/, char** argv) {
   for (const Survey& s : surveys) {
     for (int i = 0; i < arguments; ++i) {
       const double x = s.low + (s.high - s.low) * (static_cast<double>(random() >> 11U) * 0x1p-53);
-      std::printf("%s %d %s\n", s.name, i, hexadecimal(s.function(x)).c_str());
+      std::printf("%s %d %s\n", s.name, i, host::hexadecimal(s.function(x)).c_str());
     }
   }
 }

@@ -2,11 +2,11 @@
 // finder on every state, called directly and through vek, in hexadecimal floating point.
 
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <string>
 
+#include "hexadecimal.hpp"
 #include "module.hpp"
 #include "states.hpp"
 
@@ -37,14 +37,7 @@ double quantity(const host::State& state, char letter) {
   }
 }
 
-std::string hexadecimal(double x) {
-  std::array<char, 40> text{};
-  const auto end =
-      std::to_chars(text.data(), text.data() + text.size(), x, std::chars_format::hex).ptr;
-  return {text.data(), end};
-}
-
-void print(double x) { std::printf(" %s", hexadecimal(x).c_str()); }
+void print(double x) { std::printf(" %s", host::hexadecimal(x).c_str()); }
 
 class Requests {
  public:
