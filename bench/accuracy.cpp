@@ -14,16 +14,20 @@ using survey::Band;
 using survey::Finder;
 using survey::Result;
 
-/// Beyond this many evaluations a state an iteration is chaotic: its end depends on the last bit of
-/// the elementary functions, and no test can hold it.
-constexpr double chaotic = 5000;
+/// The one iteration without a limit: beyond so many evaluations a state it is chaotic, and its end
+/// depends on the last bit of the elementary functions. No test can hold it.
+bool is_chaotic(const Finder& finder, const Result& r) {
+  return finder.name == "sx" && r.evaluations > 200;
+}
 
 /// What the numbers of a finder mean to its user.
 const std::map<std::string, const char*> remarks{
     {"pt",
      "Near the boundary line between subregions 2 and 3 it takes some near-critical steam for "
      "steam: by its own digits the line lies some 0.7 bar too high. The properties there differ by "
-     "no more than the two equations do. On the saturation line, within the tolerance, it answers "
+     "no more than the two equations do. A few states within a hair of the saturation line above "
+     "372 °C come back with the volume of the other side. On the saturation line, within the "
+     "tolerance, it answers "
      "with a wet code and leaves the pressure where the quality belongs: `vek` then takes a "
      "pressure of 1 bar or more for saturated steam, a lower one for the quality. Ask for "
      "saturated states with `vekrpx_` or `vekrtx_`."},
@@ -43,7 +47,9 @@ const std::map<std::string, const char*> remarks{
      "**Refuses every state up to 350 °C whose enthalpy is at most 1400 kJ/kg**: most compressed "
      "water and much wet steam, with code 7 and its message. In water enthalpy hardly depends on "
      "pressure, so what is placed in subregion 1 has a pressure of few digits. In dilute steam "
-     "too: pressures are good to 1e-3 only. Use a pair with the pressure in it, or `vekrts_`."},
+     "too: pressures are good to 1e-3 only, and a few in water above 221 bar are not found at all. "
+     "Use "
+     "a pair with the pressure in it, or `vekrts_`."},
     {"tu",
      "As `vekrth_`, with the threshold 250 kJ/kg: water to 60 °C is refused. Its boundary line has "
      "other digits: some near-critical steam counts as steam."},
@@ -59,9 +65,9 @@ const std::map<std::string, const char*> remarks{
      "against the one asked for, or find the saturation temperature from `vekrtx_` with a root "
      "finder of your own."},
     {"hs",
-     "Places nearly everything, but where subregions meet and in water colder than 10 °C some "
-     "pressures are wrong by far more than the tolerance, a few with a solver's warning: check the "
-     "state returned."},
+     "Places nearly everything, but where subregions meet, in water colder than 10 °C and near "
+     "800 °C, where its upper start temperature ends, a few states are wrong by far more than the "
+     "tolerance, some with a solver's warning: check the state returned."},
     {"us",
      "**Misplaces nearly everything but steam of high entropy, mostly without any sign**: its "
      "residual mixes wet states by the temperature instead of the quality, so the solver sees a "
@@ -71,7 +77,9 @@ const std::map<std::string, const char*> remarks{
      "kJ/(kg K); find the state with `vekrhs_` or `vekrpu_` and a root finder of your own."},
     {"vh",
      "Water below 10 °C: two states share a volume, and the solver does not converge on half of "
-     "them. Elsewhere warnings come from trial pressures and the result is good."},
+     "them. In warmer water at low pressure the volume hardly tells the pressure, which a few "
+     "states "
+     "lose altogether. Elsewhere flags come from trial pressures and the result is good."},
     {"vs", "As `vekrvh_`."},
     {"vu",
      "As `vekrvh_`; and **no wet state above 350 °C comes out right**: its residual returns a "
@@ -92,12 +100,13 @@ with the tolerance 1e-8, and compared with what it left.
 - **placed**: share that came back with the right region code.
 - **median**, **largest**: error of the recovered pair, among those placed: relative for pressure
   and volume, absolute for quality, relative to absolute zero for temperature.
+  "-" means that none was placed, "inf" that a value that is not a number was left.
 - **flag**: share with the error flag raised, by a range report or a warning.
 - **warned**: share with a solver's warning, that is without convergence.
 - **evaluations**: mean number of evaluations of the equations and of the saturation line.
 
 What is poor here is how the module is defined, not a fault of this build: hosts depend on it. The
-engine (`vek/steam.hpp`) places all of these states.
+engine (`vek/steam.hpp`, see [engine.md](engine.md)) places all of these states.
 
 **The flag says little.** Many finders begin from values just outside the range of the equations
 (0.0088 m³/kg, 0.0045 bar), so range reports are routine and leave the flag at 2 on good results. `vek`
@@ -116,7 +125,7 @@ void print_row(const Band& band, const Result& r) {
 }
 
 void print_csv(const Finder& finder, const Band& band, const Result& r) {
-  if (r.evaluations > chaotic) {
+  if (is_chaotic(finder, r)) {
     return;
   }
   fmt::print("{};{};{};{:.3e};{:.3e};{};{};{}\n", finder.name, band.name, r.placed_right,

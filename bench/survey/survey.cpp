@@ -43,6 +43,9 @@ double relative(double found, double value, double scale) {
 
 /// Largest error of the evaluation pair that a finder left for a state.
 double error_of(const State& state, double first, double t) {
+  if (std::isnan(first) || std::isnan(t)) {
+    return HUGE_VAL;
+  }
   const double of_t = relative(t, state.t, state.t + 273.15);
   switch (state.region) {
     case 1:
