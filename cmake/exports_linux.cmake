@@ -6,5 +6,6 @@ file(CONFIGURE OUTPUT vek.map CONTENT "{ global: @exports@; local: *; };\n" @ONL
 
 set_target_properties(vek PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION 1
                       LINK_DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/vek.map)
-target_link_options(vek PRIVATE -Wl,--version-script=${CMAKE_CURRENT_BINARY_DIR}/vek.map
+# A module beside another copy of itself calls its own functions.
+target_link_options(vek PRIVATE -Wl,-Bsymbolic -Wl,--version-script=${CMAKE_CURRENT_BINARY_DIR}/vek.map
                     -Wl,--no-undefined)
