@@ -25,6 +25,11 @@ struct Elementary {
   }
 };
 
+/// The product with a constant that is held in extended precision, rounded once.
+inline double extended_product(double x, long double constant) {
+  return static_cast<double>(static_cast<long double>(x) * constant);
+}
+
 /// c[0] + c[1] x + c[2] x² + …, nested from the highest coefficient.
 template <class Num, class Table>
 constexpr Num horner(const Table& c, Num x) {

@@ -11,6 +11,7 @@
 namespace classic {
 namespace {
 
+using formulation::extended_product;
 using formulation::k;
 using Terms = formulation::SaturationTerms<double>;
 
@@ -32,7 +33,7 @@ double slope(const Terms& s, double p) {
   const double dD2 = -2.0e9 * s.x;
   constexpr long double one_over_80_3334 = 0.0124481224496909131196L;
   return ((N * dS - s.S * dN) / (N * N) + (s.x * dD2 + s.D2) / (s.D2 * s.D2)) *
-         static_cast<double>(p * one_over_80_3334);
+         extended_product(p, one_over_80_3334);
 }
 
 /// First temperature of `VEKQTP`: a Chebyshev series in a transformed logarithm of the pressure.
@@ -42,9 +43,9 @@ double start_temperature(double p) {
                                      6.84115542402e-05, 3.36500068426e-05,  -1.23422483951e-05,
                                      1.48265501702e-06, -1.02116445578e-06, -4.09080904092e-06};
   const double y = std::pow(SafeLog(243.3196 / p), 0.4);
-  const auto scaled = static_cast<double>((y - 1.48047125) * -0.917478324111266317658L);
+  const double scaled = extended_product(y - 1.48047125, -0.917478324111266317658L);
   // intended: the conversion below leaves z near -18, far outside [-1, 1]
-  const auto z = static_cast<double>((scaled - 32) * 0.555555555555555555556L);
+  const double z = extended_product(scaled - 32, 0.555555555555555555556L);
   double sum = c[0] + c[1] * z;
   double before = 1;
   double last = z;

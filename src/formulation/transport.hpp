@@ -31,7 +31,7 @@ constexpr long double one_over_reference_temperature = 0.00154495032984689622312
 template <class Math>
 double viscosity(double v, double t) {
   using namespace viscosity_table;
-  const auto T = static_cast<double>((t + celsius_offset) * one_over_reference_temperature);
+  const double T = extended_product(t + celsius_offset, one_over_reference_temperature);
   const double u = 1 / T;
   const double eta0 = Math::sqrt(T) / horner(H, u) * 1.0e-6;
   const double rho = 1 / (v * reference_density);

@@ -30,7 +30,7 @@ bool reaches_line(double p, double t) {
   // intended: transposed digits in L0 and L2, unlike every other finder
   constexpr double L0 = 15.7473327, L1 = 34.17061978, L2 = 19.313380707;
   constexpr long double one_over_647_3 = 0.00154487872701992893558L;
-  const auto theta = static_cast<double>((t + 273.15) * one_over_647_3);
+  const double theta = formulation::extended_product(t + 273.15, one_over_647_3);
   return p / 221.2 >= (L2 * theta - L1) * theta + L0;
 }
 
