@@ -1,7 +1,8 @@
 include(CMakePackageConfigHelpers)
 
-install(TARGETS vek EXPORT VekTargets)
-install(FILES src/api/vek.h src/api/vek.f90 DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vek)
+install(TARGETS vek steam EXPORT VekTargets)
+install(FILES src/api/vek.h src/api/vek.f90 src/steam/steam.hpp
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vek)
 if(VEK_BUILD_CLI)
   install(TARGETS vek_command)
 endif()

@@ -21,4 +21,10 @@ Num reduced_temperature(Num t) {
   return (t + celsius_offset) / reducing_temperature;
 }
 
+/// Slopes of the specific volume over pressure, m³/(kg bar), and temperature, m³/(kg K).
+template <class Num>
+struct VolumeSlopes {
+  Num over_p, over_t;
+};
+
 }  // namespace formulation

@@ -40,4 +40,16 @@ auto saturation_pressure(const SaturationTerms<typename Math::Number>& s) {
   return reducing_pressure * Math::exp(s.S / s.theta / s.D1 - s.x / s.D2);
 }
 
+/// Slope of the logarithm of the saturation pressure over temperature, 1/K.
+template <class Num>
+Num saturation_log_slope(const SaturationTerms<Num>& s) {
+  const Num dS =
+      (((5 * k[4] * s.x + 4 * k[3]) * s.x + 3 * k[2]) * s.x + 2 * k[1]) * s.x + k[0];  // over x
+  const Num dD1 = 2 * k[6] * s.x + k[5];
+  const Num N = s.theta * s.D1;
+  const Num dN = s.D1 - s.theta * dD1;  // over θ
+  return ((s.D2 - 2 * k[7] * (s.x * s.x)) / (s.D2 * s.D2) - (dS * N + s.S * dN) / (N * N)) /
+         reducing_temperature;
+}
+
 }  // namespace formulation

@@ -178,4 +178,24 @@ auto heat_capacity(const Terms1<typename Math::Number>& s) {
   return s.theta * dsigma * entropy_scale;
 }
 
+/// Slopes of the specific volume of water: ∂²ζ1/∂β² and ∂²ζ1/∂β∂θ.
+template <class Num>
+VolumeSlopes<Num> volume_slopes(const Terms1<Num>& s) {
+  using subregion1::A, subregion1::a;
+  const Num root = s.Z - s.Y;
+  const Num dZ = s.dY + (a[3] * s.Y * s.dY - a[4]) / root;
+  const Num power = A[11] * a[5] * (-5.0 / 17) * s.Z_m5_17 / s.Z;
+  const Num chi_beta = power * a[5] / root - (2 * A[18] + 6 * A[19] * s.beta) / s.g -
+                       A[20] * s.theta18 * (a[9] + s.theta2) * 12 / (s.e4 * (a[10] + s.beta)) +
+                       6 * A[21] * (a[12] - s.theta) * s.beta + 12 * A[22] * s.beta2 / s.theta20;
+  const Num chi_theta =
+      power * dZ +
+      (A[13] + 2 * A[14] * s.theta - 10 * A[15] * s.d9 - 19 * A[16] * s.theta18 / s.f2) +
+      (A[17] + 2 * A[18] * s.beta + 3 * A[19] * s.beta2) * 11 * s.theta10 / (s.g * s.g) -
+      A[20] * (18 * a[9] * s.theta17 + 20 * s.theta19) * (a[11] - 3 / s.e4) - 3 * A[21] * s.beta2 -
+      80 * A[22] * s.beta3 / s.theta21;
+  return {chi_beta * (reducing_volume / reducing_pressure),
+          chi_theta * (reducing_volume / reducing_temperature)};
+}
+
 }  // namespace formulation

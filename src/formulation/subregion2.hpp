@@ -210,4 +210,47 @@ Num heat_capacity(const Terms2<Num>& s) {
   return s.theta * dsigma * entropy_scale;
 }
 
+/// ∂²/∂β² of -N / D, where D is β^-n plus powers of X.
+template <class Num>
+Num fraction_curvature(double n, Num N, Num beta_n, Num beta2, Num D) {
+  return n * N / (beta_n * beta2 * D * D) * ((n + 1) - 2 * n / (beta_n * D));
+}
+
+/// Slopes of the specific volume of steam: ∂²ζ2/∂β² and ∂²ζ2/∂β∂θ.
+template <class Num>
+VolumeSlopes<Num> volume_slopes(const Terms2<Num>& s) {
+  using namespace subregion2;
+  const Num N6 = (s.B61_X + B62) * s.X11;
+  const Num N7 = (s.B71_X6 + B72) * s.X18;
+  const Num N8 = (s.B81_X10 + B82) * s.X14;
+  const Num chi_beta =
+      -ideal_gas_constant * s.theta / s.beta2 - 2 * (B21 * s.X18 + B22 * s.X2 + B23 * s.X) -
+      6 * s.beta * (B31 * s.X18 + B32 * s.X10) - 12 * s.beta2 * (B41 * s.X25 + B42 * s.X14) -
+      20 * s.beta3 * (B51 * s.X32 + B52 * s.X28 + B53 * s.X24) +
+      fraction_curvature(4, N6, s.beta4, s.beta2, s.D6) +
+      fraction_curvature(5, N7, s.beta5, s.beta2, s.D7) +
+      fraction_curvature(6, N8, s.beta6, s.beta2, s.D8) + 110 * s.r10 / s.beta * horner(B9, s.X);
+  // Σ (10 βL'/βL + v b) B9v X^v
+  Num sum9 = Num(0);
+  for (auto v = B9.size(); v-- > 0;) {
+    sum9 = sum9 * s.X + (s.dbeta_L + static_cast<double>(v) * b) * B9[v];
+  }
+  // X ∂/∂X of N / D², for numerators N = N1 X^z1 + N2 X^z2
+  const Num slope6 = s.X11 * (s.B61_X * (12 - 2 * s.dD6) + B62 * (11 - 2 * s.dD6)) / (s.D6 * s.D6);
+  const Num slope7 = s.X18 * (s.B71_X6 * (24 - 2 * s.dD7) + B72 * (18 - 2 * s.dD7)) / (s.D7 * s.D7);
+  const Num slope8 =
+      s.X14 * (s.B81_X10 * (24 - 2 * s.dD8) + B82 * (14 - 2 * s.dD8)) / (s.D8 * s.D8);
+  const Num chi_theta =
+      ideal_gas_constant / s.beta +
+      b * (13 * B11 * s.X13 + 3 * B12 * s.X3 +
+           2 * s.beta * (18 * B21 * s.X18 + 2 * B22 * s.X2 + B23 * s.X) +
+           3 * s.beta2 * (18 * B31 * s.X18 + 10 * B32 * s.X10) +
+           4 * s.beta3 * (25 * B41 * s.X25 + 14 * B42 * s.X14) +
+           5 * s.beta4 * (32 * B51 * s.X32 + 28 * B52 * s.X28 + 24 * B53 * s.X24) +
+           4 * slope6 / s.beta5 + 5 * slope7 / s.beta6 + 6 * slope8 / s.beta7) -
+      11 * s.r10 * sum9;
+  return {chi_beta * (reducing_volume / reducing_pressure),
+          chi_theta * (reducing_volume / reducing_temperature)};
+}
+
 }  // namespace formulation

@@ -1,0 +1,130 @@
+#pragma once
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <span>
+
+#include "steam/site.hpp"
+
+namespace steam {
+
+// Starting values. The plane of a pair is divided into square cells; a cell holds a cubic
+// polynomial for each region that reaches into it. The numbers are in tables.cpp, which
+// tools/starting_tables writes from the equations; they decide how many iterations a state takes,
+// never what it is.
+
+/// How a quantity is spread: volumes and pressures of many decades as their fourth roots, volumes
+/// inverted, so that water has its share.
+enum class Spread : std::uint8_t { even, fourth_root, inverse_fourth_root };
+
+inline double spread(Spread how, double value) {
+  if (how == Spread::even) {
+    return value;
+  }
+  const double root = std::sqrt(std::sqrt(value));
+  return how == Spread::fourth_root ? root : 1 / root;
+}
+
+/// One coordinate of a chart, in cells from 0 to `cells`.
+struct Axis {
+  Spread how;
+  double origin, scale;
+  [[nodiscard]] double operator()(double value) const {
+    return (spread(how, value) - origin) * scale;
+  }
+};
+
+/// What one region has in one cell: the number where its coefficients begin.
+struct Patch {
+  Region region;
+  std::uint16_t polynomials;  // ten coefficients each
+};
+
+struct Chart {
+  int cells;  // per side
+  Axis first, second;
+  const std::uint16_t* ends;  // by cell, row by row: end of its patches
+  const Patch* patches;
+  const float* coefficients;
+};
+
+/// Position in a chart: the patches of the cell and the place in it, -1 to 1.
+struct Place {
+  std::span<const Patch> patches;
+  const float* coefficients = nullptr;
+  double x = 0, y = 0;
+
+  /// Value of polynomial number `index` of a patch.
+  [[nodiscard]] double operator()(const Patch& patch, int index) const {
+    const auto c = [begin = coefficients + 10 * (patch.polynomials + index)](int i) {
+      return static_cast<double>(begin[i]);
+    };
+    return c(0) + x * (c(1) + x * (c(3) + x * c(6))) +
+           y * ((c(2) + x * (c(4) + x * c(7))) + y * ((c(5) + x * c(8)) + y * c(9)));
+  }
+};
+
+/// No patches outside the chart and in cells without states.
+inline Place place(const Chart& chart, double first, double second) {
+  const double i = chart.first(first);
+  const double j = chart.second(second);
+  if (!(i >= 0 && i < chart.cells && j >= 0 && j < chart.cells)) {
+    return {};
+  }
+  const int column = static_cast<int>(i);
+  const int row = static_cast<int>(j);
+  const int cell = row * chart.cells + column;
+  const std::uint16_t begin = cell == 0 ? std::uint16_t{0} : chart.ends[cell - 1];
+  return {{chart.patches + begin, chart.patches + chart.ends[cell]},
+          chart.coefficients,
+          2 * (i - column) - 1,
+          2 * (j - row) - 1};
+}
+
+/// Number of polynomials a patch has: one for each variable of the region's equation that the pair
+/// does not give. In wet cells the temperature, unless it follows from the pair.
+constexpr int unknowns(Pair pair, Region region) {
+  const Known& k = known_of(pair);
+  const bool has_p = k.first == Quantity::p;
+  const bool has_t = k.first == Quantity::t;
+  if (pair == Pair::pt) {
+    return is_3(region) ? 1 : 0;
+  }
+  if (is_wet(region)) {
+    return has_p || has_t ? 0 : 1;
+  }
+  if (is_3(region)) {
+    return has_t ? (k.second == Quantity::v ? 0 : 1) : (k.second == Quantity::v ? 1 : 2);
+  }
+  return has_p || has_t ? 1 : 2;
+}
+
+// What the polynomials give, in this order where there are two.
+//   water: p as it is; steam: fourth root of p; subregion 3: density; then t, always as it is.
+
+/// Charts by pair; those with x have none.
+extern const std::array<Chart, pair_count> charts;
+
+/// Cubic polynomials over equal cells of one variable.
+struct Spline {
+  double origin, scale;
+  int cells;
+  const std::array<double, 4>* coefficients;
+  [[nodiscard]] double operator()(double x) const {
+    const double i = (x - origin) * scale;
+    int cell = i > 0 ? static_cast<int>(i) : 0;
+    cell = cell < cells ? cell : cells - 1;
+    const auto& c = coefficients[cell];
+    const double z = 2 * (i - cell) - 1;
+    return ((c[3] * z + c[2]) * z + c[1]) * z + c[0];
+  }
+};
+
+/// Saturation temperature, °C, over the fourth root of p.
+extern const Spline saturation_t;
+/// Over √(374.15 °C - t): fourth root of the saturation pressure, saturated volumes, vapour density
+/// and entropies.
+extern const Spline saturation_root_p, saturated_v1, saturated_density2, saturated_s1, saturated_s2;
+
+}  // namespace steam

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "formulation/subregion3_isotherm.hpp"
+#include "steam/site.hpp"
+
+namespace steam {
+
+using Isotherm = formulation::Isotherm3<double>;
+
+/// Specific volume in subregion 3 at a pressure, by Newton steps that a bracket holds.
+/// @param branch  hot_water for the liquid, else dense_steam
+/// @param start   a first value
+double dense_volume(const Isotherm& isotherm, Region branch, double p, double t, double start);
+
+/// The same with a start of its own.
+double dense_volume(Region branch, double p, double t);
+
+struct SaturatedVolumes {
+  double liquid, vapour;  // m³/kg
+};
+
+/// Saturated volumes above 350 °C: the two roots of the equation at the saturation pressure.
+/// @note  Within 0.001 K below the critical temperature the equation has one root only at that
+///        pressure; both phases have it then.
+SaturatedVolumes saturated_volumes(double t, double p_saturation);
+
+/// The same from the table, to about 1e-4.
+SaturatedVolumes rough_saturated_volumes(double t);
+
+}  // namespace steam

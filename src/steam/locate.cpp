@@ -1,0 +1,250 @@
+#include "steam/locate.hpp"
+
+#include "steam/claims.hpp"
+#include "steam/quantity.hpp"
+#include "steam/wet_search.hpp"
+
+namespace steam {
+namespace {
+
+// ---- One region at a time: iterate from a start and see whether the result belongs there.
+// --------
+
+/// Water below this may lie around its density maximum.
+constexpr double t_cold = 15;  // °C
+
+/// Of the states of compressed water that have the pair, whether this is the one to return. With a
+/// pressure the warmer one is, where volume rises with temperature. With a temperature it is the
+/// one next to saturation, where the quantity falls with pressure from the saturated value.
+template <Pair P>
+bool is_preferred(Variables x) {
+  constexpr Known k = known_of(P);
+  if constexpr (P == Pair::pv) {
+    return x.t > t_cold || sloped_quantity(Region::water, Quantity::v, x).over_t > 0;
+  } else if constexpr (P == Pair::th) {
+    return sloped_quantity(Region::water, k.second, x).over_1 < 0;
+  } else if constexpr (P == Pair::tu || P == Pair::ts) {
+    if (x.t > t_cold) {
+      return true;
+    }
+    const Sloped y = sloped_quantity(Region::water, k.second, x);
+    const Variables saturated{saturation_pressure(x.t), x.t};
+    return y.over_1 < 0 && y.value <= sloped_quantity(Region::water, k.second, saturated).value;
+  }
+  return true;
+}
+
+template <Pair P>
+Site search_water(double a, double b, Variables start) {
+  return refine<P, Water>(a, b, start) && is_preferred<P>(start) ? claim_water(start) : Site{};
+}
+
+template <Pair P>
+Site search_steam(double a, double b, Variables start) {
+  return refine<P, Steam>(a, b, start) ? claim_steam(start) : Site{};
+}
+
+template <Pair P>
+Site search_dense(double a, double b, Variables start) {
+  constexpr Known k = known_of(P);
+  if constexpr (P == Pair::tv) {
+    start = {b, a};
+  } else if (!refine<P, Dense>(a, b, start)) {
+    return {};
+  }
+  const double p = k.first == Quantity::p ? a : pressure3(Dense::terms(start.z, start.t));
+  return claim_dense(start, p);
+}
+
+template <Pair P>
+Site search_wet(double a, double b, double t_start, Region region) {
+  constexpr Known k = known_of(P);
+  if constexpr (k.first == Quantity::p) {
+    return a < p_critical ? claim_wet(wet_site(k.second, b, saturation_temperature(a), a)) : Site{};
+  } else if constexpr (k.first == Quantity::t) {
+    return a < t_critical ? claim_wet(wet_site(k.second, b, a, saturation_pressure(a))) : Site{};
+  } else if (region == Region::wet) {
+    return claim_wet(wet_search<k.first, k.second, LowSaturation>(a, b, t_start, region));
+  } else {
+    return claim_wet(wet_search<k.first, k.second, HighSaturation>(a, b, t_start, region));
+  }
+}
+
+constexpr double fourth_power(double x) { return (x * x) * (x * x); }
+
+/// What the polynomials of a patch say.
+template <Pair P>
+Variables start_in(const Place& here, const Patch& patch) {
+  const int count = unknowns(P, patch.region);
+  Variables x{0, 0};
+  if (count == 0) {
+    return x;
+  }
+  const double first = here(patch, 0);
+  constexpr Known k = known_of(P);
+  const bool t_alone = is_wet(patch.region) || k.first == Quantity::p;
+  if (count == 1 && t_alone) {
+    x.t = first;
+    return x;
+  }
+  x.z = is_3(patch.region)              ? 1 / first
+        : patch.region == Region::steam ? fourth_power(first)
+                                        : first;
+  if (count == 2) {
+    x.t = here(patch, 1);
+  }
+  return x;
+}
+
+template <Pair P>
+Site search(Region region, double a, double b, Variables start) {
+  switch (region) {
+    case Region::water:
+      return search_water<P>(a, b, start);
+    case Region::steam:
+      return search_steam<P>(a, b, start);
+    case Region::wet:
+    case Region::wet_above_350:
+      return search_wet<P>(a, b, start.t, region);
+    default:
+      return search_dense<P>(a, b, start);
+  }
+}
+
+// ---- Where subregions meet their equations differ slightly, and a pair may belong to both or to
+// neither. In an overlap the state to 350 °C counts, and steam before subregion 3.
+// ------------------
+
+struct Overlap {
+  double kelvins, share;  // widest in temperature and as a part of the pressure
+};
+
+/// With two caloric values, whose lines run nearly along each other, overlaps are wider.
+template <Pair P>
+constexpr Overlap overlap = known_of(P).first == Quantity::p || known_of(P).first == Quantity::t
+                                ? Overlap{0.5, 5e-3}
+                                : Overlap{2, 0.03};
+
+bool may_overlap(const Site& site, Overlap widest) {
+  if (is_3(site.region)) {
+    return site.t < t_350 + widest.kelvins || site.p < line_pressure(site.t) * (1 + widest.share);
+  }
+  return site.region == Region::wet_above_350 && site.t < t_350 + widest.kelvins;
+}
+
+template <Pair P>
+Site preferred(const Site& site, double a, double b) {
+  for (const Region region : {Region::water, Region::steam, Region::wet}) {
+    const Site other = search<P>(region, a, b, {site.p, site.t});
+    if (other && std::abs(other.t - site.t) < 2 * overlap<P>.kelvins) {
+      return other;
+    }
+  }
+  return site;
+}
+
+template <Pair P>
+Site quick_search(double a, double b) {
+  const Place here = place(charts[static_cast<std::size_t>(P)], a, b);
+  for (const Patch& patch : here.patches) {
+    const Site site = search<P>(patch.region, a, b, start_in<P>(here, patch));
+    if (site) {
+      return may_overlap(site, overlap<P>) ? preferred<P>(site, a, b) : site;
+    }
+  }
+  return {};
+}
+
+/// Pairs with a pressure or a temperature that only one state has.
+template <Pair P>
+Site search_line(double a, double b) {
+  const Site site = quick_search<P>(a, b);
+  if (site) {
+    return site;
+  }
+  const Solutions all = locate_all(P, a, b);
+  return all.count > 0 ? all.sites[0] : Site{};
+}
+
+template <Pair P>
+Site search_plane(double a, double b) {
+  const Site site = quick_search<P>(a, b);
+  return site ? site : nested_search(P, a, b);
+}
+
+Site search_saturated(double t, double p, double x) {
+  return {.region = t <= t_350 ? Region::wet : Region::wet_above_350, .p = p, .t = t, .x = x};
+}
+
+Site first_of(const WetStates& wet) { return wet.count > 0 ? wet.sites[0] : Site{}; }
+
+}  // namespace
+
+Site locate(Pair pair, double a, double b) {
+  switch (pair) {
+    case Pair::pt:
+      return at_pressure_temperature(a, b);
+    case Pair::px:
+      return search_saturated(saturation_temperature(a), a, b);
+    case Pair::tx:
+      return search_saturated(a, saturation_pressure(a), b);
+    case Pair::pv:
+      return search_line<Pair::pv>(a, b);
+    case Pair::ph:
+      return search_line<Pair::ph>(a, b);
+    case Pair::ps:
+      return search_line<Pair::ps>(a, b);
+    case Pair::pu:
+      return search_line<Pair::pu>(a, b);
+    case Pair::tv:
+      return search_line<Pair::tv>(a, b);
+    case Pair::th:
+      return search_line<Pair::th>(a, b);
+    case Pair::tu:
+      return search_line<Pair::tu>(a, b);
+    case Pair::ts:
+      return search_line<Pair::ts>(a, b);
+    case Pair::sx:
+      return first_of(wet_states(Quantity::s, a, b, 1));
+    case Pair::hs:
+      return search_plane<Pair::hs>(a, b);
+    case Pair::us:
+      return search_plane<Pair::us>(a, b);
+    case Pair::vh:
+      return search_plane<Pair::vh>(a, b);
+    case Pair::vs:
+      return search_plane<Pair::vs>(a, b);
+    case Pair::vu:
+      return search_plane<Pair::vu>(a, b);
+    case Pair::vx:
+      return first_of(wet_states(Quantity::v, a, b, 1));
+  }
+  return {};
+}
+
+Solutions locate_all(Pair pair, double a, double b) {
+  const Known& k = known_of(pair);
+  if (k.second != Quantity::x && pair != Pair::pt) {
+    if (k.first == Quantity::p) {
+      return along_isobar(a, k.second, b, t_lowest);
+    }
+    if (k.first == Quantity::t) {
+      return along_isotherm(a, k.second, b);
+    }
+  }
+  Solutions solutions;
+  if (pair == Pair::sx || pair == Pair::vx) {
+    const WetStates wet = wet_states(k.first, a, b, WetStates::capacity);
+    for (int i = 0; i < wet.count; ++i) {
+      solutions.add(wet.sites[i]);
+    }
+    return solutions;
+  }
+  const Site site = locate(pair, a, b);
+  if (site) {
+    solutions.add(site);
+  }
+  return solutions;
+}
+
+}  // namespace steam

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "steam/site.hpp"
+
+namespace steam {
+
+/// A set of properties.
+class Wanted {
+ public:
+  constexpr Wanted() = default;
+  constexpr Wanted(std::initializer_list<Property> properties) {
+    for (const Property p : properties) {
+      add(p);
+    }
+  }
+  constexpr void add(Property p) { bits_ |= bit(p); }
+  [[nodiscard]] constexpr bool has(Property p) const { return (bits_ & bit(p)) != 0; }
+  [[nodiscard]] constexpr bool any(Wanted other) const { return (bits_ & other.bits_) != 0; }
+
+ private:
+  static constexpr unsigned bit(Property p) { return 1U << static_cast<unsigned>(p); }
+  unsigned bits_ = 0;
+};
+
+/// Values by `Property`; those that were not wanted are of no meaning.
+using Values = std::array<double, property_count>;
+
+/// The wanted properties of a state.
+void properties(const Site& site, Wanted wanted, Values& out);
+
+/// A phase from all its properties.
+Phase phase_of(const Values& values);
+
+/// One of the saturated phases of a wet state, as a state of one phase.
+Site saturated_liquid(const Site& wet);
+Site saturated_vapour(const Site& wet);
+
+}  // namespace steam

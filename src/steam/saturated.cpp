@@ -1,0 +1,31 @@
+#include "steam/saturated.hpp"
+
+namespace steam {
+namespace {
+
+template <class Saturation>
+Ends ends_of(const Saturation& s, Quantity q) {
+  switch (q) {
+    case Quantity::v:
+      return s.template ends<Quantity::v>();
+    case Quantity::h:
+      return s.template ends<Quantity::h>();
+    case Quantity::s:
+      return s.template ends<Quantity::s>();
+    default:
+      return s.template ends<Quantity::u>();
+  }
+}
+
+}  // namespace
+
+Ends saturated_ends(Quantity q, double t, double p) {
+  return t <= t_350 ? ends_of(LowSaturation(t, p), q) : ends_of(HighSaturation(t, p), q);
+}
+
+Site wet_site(Quantity q, double value, double t, double p) {
+  const Region region = t <= t_350 ? Region::wet : Region::wet_above_350;
+  return {.region = region, .p = p, .t = t, .x = saturated_ends(q, t, p).quality(value)};
+}
+
+}  // namespace steam

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+
+#include "formulation/saturation.hpp"
+#include "steam/charts.hpp"
+#include "steam/domain.hpp"
+
+namespace steam {
+
+struct SaturationPressure {
+  double p, over_t;  // bar, bar/K
+};
+
+inline double saturation_pressure(double t) {
+  return formulation::saturation_pressure<formulation::Elementary>(
+      formulation::saturation_terms(t));
+}
+
+inline SaturationPressure sloped_saturation_pressure(double t) {
+  const auto terms = formulation::saturation_terms(t);
+  const double p = formulation::saturation_pressure<formulation::Elementary>(terms);
+  return {p, p * formulation::saturation_log_slope(terms)};
+}
+
+/// Place of a temperature on the tables of saturated states.
+inline double saturation_coordinate(double t) { return std::sqrt(std::max(t_critical - t, 0.0)); }
+
+/// Whether p is at or above the saturation pressure at t; the equation decides only where the table
+/// cannot.
+inline bool above_saturation(double p, double t) {
+  const double root = saturation_root_p(saturation_coordinate(t));
+  const double square = root * root;
+  const double about = square * square;
+  constexpr double doubt = 1e-4;
+  if (p > about * (1 + doubt)) {
+    return true;
+  }
+  return !(p < about * (1 - doubt)) && p >= saturation_pressure(t);
+}
+
+/// Saturation temperature, °C.
+/// @param p  pressure, bar [0.006112444, 221.2]
+inline double saturation_temperature(double p) {
+  double t = saturation_t(std::sqrt(std::sqrt(p)));
+  // The table is so close that one step in ln p, with ln(1 + e) = e - e²/2, reaches the rounding.
+  const auto terms = formulation::saturation_terms(t);
+  const double e = p / formulation::saturation_pressure<formulation::Elementary>(terms) - 1;
+  t += (e - e * e / 2) / formulation::saturation_log_slope(terms);
+  return std::min(std::max(t, t_lowest), t_critical);
+}
+
+}  // namespace steam

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+
+#include "steam/steam.hpp"
+
+namespace steam {
+
+/// The quantities that can be given or solved for.
+enum class Quantity : std::uint8_t { p, t, v, h, s, u, x };
+
+struct Known {
+  Quantity first, second;
+  char letters[3];
+};
+
+/// By pair, in the order of `Pair`.
+constexpr std::array<Known, pair_count> known{{
+    {Quantity::p, Quantity::t, "pt"},
+    {Quantity::p, Quantity::x, "px"},
+    {Quantity::t, Quantity::x, "tx"},
+    {Quantity::p, Quantity::v, "pv"},
+    {Quantity::p, Quantity::h, "ph"},
+    {Quantity::p, Quantity::s, "ps"},
+    {Quantity::p, Quantity::u, "pu"},
+    {Quantity::t, Quantity::v, "tv"},
+    {Quantity::t, Quantity::h, "th"},
+    {Quantity::t, Quantity::u, "tu"},
+    {Quantity::t, Quantity::s, "ts"},
+    {Quantity::s, Quantity::x, "sx"},
+    {Quantity::h, Quantity::s, "hs"},
+    {Quantity::u, Quantity::s, "us"},
+    {Quantity::v, Quantity::h, "vh"},
+    {Quantity::v, Quantity::s, "vs"},
+    {Quantity::v, Quantity::u, "vu"},
+    {Quantity::v, Quantity::x, "vx"},
+}};
+
+constexpr const Known& known_of(Pair pair) { return known[static_cast<std::size_t>(pair)]; }
+
+/// A state by the values that its subregion's equation takes: p and t in 1 and 2, v and t (and the
+/// p that goes with them) in 3 and 4, t and x (and the saturation pressure) in 5 and 6.
+struct Site {
+  Region region = Region::none;
+  double p = missing, t = missing, v = missing, x = missing;
+  bool approximate = false;
+  explicit operator bool() const { return region != Region::none; }
+};
+
+constexpr bool is_wet(Region r) { return r == Region::wet || r == Region::wet_above_350; }
+constexpr bool is_3(Region r) { return r == Region::dense_steam || r == Region::hot_water; }
+
+}  // namespace steam

@@ -1,0 +1,177 @@
+#include "samples.hpp"
+
+#include <cmath>
+#include <functional>
+#include <numbers>
+
+#include "formulation/saturation.hpp"
+#include "steam/slopes.hpp"
+
+namespace {
+
+using steam::Region;
+
+double saturation(double t) {
+  return formulation::saturation_pressure<steam::Math>(formulation::saturation_terms(t));
+}
+
+/// Point i of n from a to b, close together at both ends.
+double spaced(double a, double b, int i, int n) {
+  return a + (b - a) * (1 - std::cos(std::numbers::pi * i / (n - 1))) / 2;
+}
+
+double halved(const std::function<double(double)>& f, double a, double b) {
+  const bool rising = f(b) > f(a);
+  for (int i = 0; i < 100; ++i) {
+    const double middle = (a + b) / 2;
+    ((f(middle) > 0) == rising ? b : a) = middle;
+  }
+  return (a + b) / 2;
+}
+
+double p3(double v, double t) { return steam::pressure3(steam::Dense::terms(v, t)); }
+
+template <class Terms>
+Sample sample(const Terms& s, double p, double t) {
+  const double v = formulation::volume(s);
+  const double h = formulation::enthalpy(s);
+  return {p, t, v, h, steam::entropy_of(s), h - steam::kj_per_bar_m3 * p * v};
+}
+
+Sample sample3(double v, double t) {
+  const auto s = steam::Dense::terms(v, t);
+  const double p = steam::pressure3(s);
+  const double h = formulation::enthalpy(s);
+  return {p, t, v, h, steam::entropy_of(s), h - steam::kj_per_bar_m3 * p * v};
+}
+
+Sample mixed(const Sample& a, const Sample& b, double x) {
+  const auto mix = [x](double l, double v) { return l + x * (v - l); };
+  return {a.p, a.t, mix(a.v, b.v), mix(a.h, b.h), mix(a.s, b.s), mix(a.u, b.u)};
+}
+
+std::vector<Sample> water(int n) {
+  std::vector<Sample> all;
+  for (int i = 0; i < n; ++i) {
+    const double t = spaced(steam::t_lowest, steam::t_350, i, n);
+    for (int j = 0; j < n; ++j) {
+      const double p = spaced(saturation(t), steam::p_highest, j, n);
+      all.push_back(sample(steam::Water::terms(p, t), p, t));
+    }
+  }
+  return all;
+}
+
+double steam_limit(double t) {
+  return t <= steam::t_350        ? saturation(t)
+         : t <= steam::t_line_end ? std::fmin(steam::line_pressure(t), steam::p_highest)
+                                  : steam::p_highest;
+}
+
+std::vector<Sample> steam_states(int n) {
+  std::vector<Sample> all;
+  for (int i = 0; i < 2 * n; ++i) {
+    const double t = i < n ? spaced(steam::t_lowest, steam::t_line_end, i, n)
+                           : spaced(steam::t_line_end, steam::t_highest, i - n, n);
+    for (int j = 0; j < n; ++j) {
+      const double root =
+          spaced(std::pow(steam::p_lowest, 0.25), std::pow(steam_limit(t), 0.25), j, n);
+      const double p = std::pow(root, 4);
+      all.push_back(sample(steam::Steam::terms(p, t), p, t));
+    }
+  }
+  return all;
+}
+
+/// Between two volumes at one temperature, evenly in density.
+void add_isotherm(std::vector<Sample>& all, double t, double v_low, double v_high, int n) {
+  for (int j = 0; j < n; ++j) {
+    all.push_back(sample3(1 / spaced(1 / v_high, 1 / v_low, j, n), t));
+  }
+}
+
+constexpr double v_least = 0.00125, v_most = 0.0105;
+
+double volume_at(double p, double t, double low, double high) {
+  return halved([=](double v) { return p3(v, t) - p; }, low, high);
+}
+
+std::vector<Sample> dense(int n, bool liquid_side) {
+  std::vector<Sample> all;
+  for (int i = 0; i < n; ++i) {
+    const double t = spaced(steam::t_350 + 1e-9, steam::t_critical - 2e-3, i, n);
+    const Volumes v = saturated_volumes_by_scan(t);
+    if (liquid_side) {
+      add_isotherm(all, t, volume_at(steam::p_highest, t, v_least, v.liquid), v.liquid, n);
+    } else {
+      add_isotherm(all, t, v.vapour, volume_at(steam::line_pressure(t), t, v.vapour, v_most), n);
+    }
+  }
+  for (int i = 0; i < n && !liquid_side; ++i) {
+    const double t = spaced(steam::t_critical, steam::t_line_end, i, n);
+    add_isotherm(
+        all, t, volume_at(steam::p_highest, t, v_least, v_most),
+        volume_at(std::fmin(steam::line_pressure(t), steam::p_highest), t, v_least, v_most), n);
+  }
+  return all;
+}
+
+std::vector<Sample> wet(int n, bool above_350) {
+  std::vector<Sample> all;
+  for (int i = 0; i < n; ++i) {
+    const double t = above_350 ? spaced(steam::t_350 + 1e-9, steam::t_critical - 2e-3, i, n)
+                               : spaced(steam::t_lowest, steam::t_350, i, n);
+    const double p = saturation(t);
+    const Volumes v = above_350 ? saturated_volumes_by_scan(t) : Volumes{};
+    const Sample liquid =
+        above_350 ? sample3(v.liquid, t) : sample(steam::Water::terms(p, t), p, t);
+    const Sample vapour =
+        above_350 ? sample3(v.vapour, t) : sample(steam::Steam::terms(p, t), p, t);
+    for (int j = 0; j < n; ++j) {
+      // In volume the quality spans decades.
+      const double even = spaced(0, 1, j, n);
+      all.push_back(mixed(liquid, vapour, even));
+      all.push_back(mixed(liquid, vapour, even * even * even * even));
+    }
+  }
+  return all;
+}
+
+}  // namespace
+
+Volumes saturated_volumes_by_scan(double t) {
+  const double p = saturation(t);
+  constexpr int steps = 40000;
+  const double width = (v_most - v_least) / steps;
+  double liquid = v_least;
+  while (p3(liquid + width, t) > p) {
+    liquid += width;
+  }
+  double vapour = v_most;
+  while (vapour - width > liquid + width && p3(vapour - width, t) < p) {
+    vapour -= width;
+  }
+  const auto excess = [=](double v) { return p3(v, t) - p; };
+  const double v_liquid = halved(excess, liquid, liquid + width);
+  // Next to the critical point there is one root only.
+  return {v_liquid, excess(vapour) * excess(vapour - width) < 0 && vapour - width > liquid + width
+                        ? halved(excess, vapour - width, vapour)
+                        : v_liquid};
+}
+
+std::vector<Sample> samples_of(Region region, int n) {
+  switch (region) {
+    case Region::water:
+      return water(n);
+    case Region::steam:
+      return steam_states(n);
+    case Region::dense_steam:
+      return dense(n, false);
+    case Region::hot_water:
+      return dense(n, true);
+    case Region::wet_above_350:
+      return wet(n, true);
+    default:
+      return wet(n, false);
+  }
+}
