@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <functional>
 #include <map>
+#include <numbers>
 #include <string>
 #include <utility>
 
@@ -60,8 +61,8 @@ struct Layout {
 
 constexpr std::array layouts{
     Layout{Pair::pt, 32}, Layout{Pair::pv, 20}, Layout{Pair::ph, 20}, Layout{Pair::ps, 20},
-    Layout{Pair::pu, 20}, Layout{Pair::tv, 20}, Layout{Pair::th, 20}, Layout{Pair::tu, 20},
-    Layout{Pair::ts, 20}, Layout{Pair::hs, 24}, Layout{Pair::us, 24}, Layout{Pair::vh, 24},
+    Layout{Pair::pu, 20}, Layout{Pair::tv, 20}, Layout{Pair::th, 32}, Layout{Pair::tu, 32},
+    Layout{Pair::ts, 32}, Layout{Pair::hs, 24}, Layout{Pair::us, 24}, Layout{Pair::vh, 24},
     Layout{Pair::vs, 24}, Layout{Pair::vu, 24},
 };
 
@@ -241,37 +242,53 @@ void write_charts() {
 
 // ---- Splines ----------------------------------------------------------------------------------
 
-/// The cubic through f at the Chebyshev points of a cell.
-std::array<double, 4> cubic(const std::function<double(double)>& f, double low, double width) {
-  std::array<double, 4> nodes{}, values{};
-  for (std::size_t i = 0; i < 4; ++i) {
-    nodes[i] = std::cos((2 * static_cast<double>(i) + 1) * 3.14159265358979323846 / 8);
-    values[i] = f(low + (nodes[i] + 1) / 2 * width);
+/// The polynomial through f at the Chebyshev points of a cell, in powers of the place from -1 to 1.
+template <std::size_t N>
+std::array<double, N> interpolated(const std::function<double(double)>& f, double low,
+                                   double width) {
+  std::array<long double, N> nodes{}, values{}, c{};
+  for (std::size_t i = 0; i < N; ++i) {
+    nodes[i] = std::cos((2 * static_cast<double>(i) + 1) * std::numbers::pi / (2.0 * N));
+    values[i] = f(static_cast<double>(low + (nodes[i] + 1) / 2 * width));
   }
-  for (std::size_t order = 1; order < 4; ++order) {  // divided differences
-    for (std::size_t i = 3; i >= order; --i) {
+  for (std::size_t order = 1; order < N; ++order) {  // divided differences
+    for (std::size_t i = N - 1; i >= order; --i) {
       values[i] = (values[i] - values[i - 1]) / (nodes[i] - nodes[i - order]);
     }
   }
-  std::array<double, 4> c{values[3], 0, 0, 0};
-  for (std::size_t i = 3; i-- > 0;) {  // from Newton's form to powers
-    for (std::size_t k = 3; k > 0; --k) {
+  c[0] = values[N - 1];
+  for (std::size_t i = N - 1; i-- > 0;) {  // from Newton's form to powers
+    for (std::size_t k = N - 1; k > 0; --k) {
       c[k] = c[k - 1] - nodes[i] * c[k];
     }
     c[0] = values[i] - nodes[i] * c[0];
   }
-  return c;
+  std::array<double, N> result{};
+  for (std::size_t i = 0; i < N; ++i) {
+    result[i] = static_cast<double>(c[i]);
+  }
+  return result;
 }
 
-void write_spline(const char* name, const std::function<double(double)>& f, double low,
-                  double width, int cells) {
-  std::printf("namespace {\nconstexpr std::array<double, 4> %s_cells[] = {\n", name);
-  for (int i = 0; i < cells; ++i) {
-    const auto c = cubic(f, low + i * width, width);
-    std::printf("{%.15g, %.12g, %.10g, %.8g},\n", c[0], c[1], c[2], c[3]);
+template <std::size_t N>
+void write_numbers(const std::array<double, N>& numbers) {
+  std::printf("{");
+  for (const double number : numbers) {
+    std::printf("%.17g,", number);
   }
-  std::printf("};\n}  // namespace\nconst Spline %s{%.17g, %.17g, %d, %s_cells};\n\n", name, low,
-              1 / width, cells, name);
+  std::printf("},\n");
+}
+
+template <std::size_t N>
+void write_spline(const char* name, const std::function<double(double)>& f, double low, double high,
+                  int cells) {
+  const double width = (high - low) / cells;
+  std::printf("namespace {\nconstexpr std::array<double, %zu> %s_cells[] = {\n", N, name);
+  for (int i = 0; i < cells; ++i) {
+    write_numbers(interpolated<N>(f, low + i * width, width));
+  }
+  std::printf("};\n}  // namespace\nconst Spline<%zu> %s{%.17g, %.17g, %d, %s_cells};\n\n", N, name,
+              low, 1 / width, cells, name);
 }
 
 double saturation(double t) {
@@ -287,40 +304,68 @@ double saturation_temperature_by_halving(double p) {
   return (low + high) / 2;
 }
 
-struct SaturatedStates {
-  double v1, v2, s1, s2;
-};
-
-SaturatedStates saturated_states(double t) {
+/// Liquid volume, vapour density, enthalpies, entropies.
+std::array<double, 6> saturated_states(double t) {
+  const auto both = [](double v1, double v2, const auto& liquid, const auto& vapour) {
+    return std::array<double, 6>{v1,
+                                 1 / v2,
+                                 formulation::enthalpy(liquid),
+                                 formulation::enthalpy(vapour),
+                                 steam::entropy_of(liquid),
+                                 steam::entropy_of(vapour)};
+  };
   if (t > steam::t_350) {
     const Volumes v = saturated_volumes_by_scan(t);
-    return {v.liquid, v.vapour, steam::entropy_of(steam::Dense::terms(v.liquid, t)),
-            steam::entropy_of(steam::Dense::terms(v.vapour, t))};
+    return both(v.liquid, v.vapour, steam::Dense::terms(v.liquid, t),
+                steam::Dense::terms(v.vapour, t));
   }
   const auto liquid = steam::Water::terms(saturation(t), t);
   const auto vapour = steam::Steam::terms(saturation(t), t);
-  return {formulation::volume(liquid), formulation::volume(vapour), steam::entropy_of(liquid),
-          steam::entropy_of(vapour)};
+  return both(formulation::volume(liquid), formulation::volume(vapour), liquid, vapour);
+}
+
+std::array<double, 6> critical_state() {
+  const auto terms = steam::Dense::terms(steam::v_critical, steam::t_critical);
+  const double h = formulation::enthalpy(terms), s = steam::entropy_of(terms);
+  return {steam::v_critical, 1 / steam::v_critical, h, h, s, s};
+}
+
+void write_saturated_table() {
+  const double width =
+      std::sqrt(steam::t_critical - steam::t_350) / steam::saturated_cells_above_350;
+  constexpr int cells = 95;
+  std::printf(
+      "namespace {\nconstexpr std::array<std::array<double, 4>, 6> saturated_cells[] = {\n");
+  for (int i = 0; i < cells; ++i) {
+    std::printf("{{");
+    for (std::size_t n = 0; n < 6; ++n) {
+      const auto f = [n](double r) { return saturated_states(steam::t_critical - r * r)[n]; };
+      write_numbers(interpolated<4>(f, i * width, width));
+    }
+    std::printf("}},\n");
+  }
+  std::printf("};\nconstexpr SaturatedNode nodes[] = {\n");
+  for (int i = 0; i <= cells; ++i) {
+    const double t = i == steam::saturated_cells_above_350
+                         ? steam::t_350
+                         : steam::t_critical - i * i * width * width;
+    const auto s = i == 0 ? critical_state() : saturated_states(t);
+    std::printf("{%.15g, %.15g, %.15g, %.15g},\n", s[0], 1 / s[1], s[4], s[5]);
+  }
+  std::printf("};\n}  // namespace\n");
+  std::printf("const SaturatedTable saturated_table{%.17g, %d, saturated_cells};\n", 1 / width,
+              cells);
+  std::printf("const std::span<const SaturatedNode> saturated_nodes{nodes};\n\n");
 }
 
 void write_splines() {
-  const double low = std::pow(0.0061, 0.25), high = std::pow(221.21, 0.25);
-  constexpr int t_cells = 128;
-  write_spline(
+  write_spline<8>(
       "saturation_t", [](double q) { return saturation_temperature_by_halving(std::pow(q, 4)); },
-      low, (high - low) / t_cells, t_cells);
-  // 350 °C falls between two cells, where the equations change.
-  const double width = std::sqrt(steam::t_critical - steam::t_350) / 24;
-  constexpr int cells = 95;
-  const auto over_r = [&](const char* name, double (*f)(double t)) {
-    write_spline(
-        name, [f](double r) { return f(steam::t_critical - r * r); }, 0, width, cells);
-  };
-  over_r("saturation_root_p", [](double t) { return std::pow(saturation(t), 0.25); });
-  over_r("saturated_v1", [](double t) { return saturated_states(t).v1; });
-  over_r("saturated_density2", [](double t) { return 1 / saturated_states(t).v2; });
-  over_r("saturated_s1", [](double t) { return saturated_states(t).s1; });
-  over_r("saturated_s2", [](double t) { return saturated_states(t).s2; });
+      std::pow(0.0061, 0.25), std::pow(221.21, 0.25), 96);
+  write_spline<4>(
+      "saturation_root_p", [](double t) { return std::pow(saturation(t), 0.25); }, 0,
+      steam::t_critical, 128);
+  write_saturated_table();
 }
 
 }  // namespace

@@ -106,25 +106,48 @@ constexpr int unknowns(Pair pair, Region region) {
 /// Charts by pair; those with x have none.
 extern const std::array<Chart, pair_count> charts;
 
-/// Cubic polynomials over equal cells of one variable.
+/// Polynomials over equal cells of one variable.
+template <std::size_t N>
 struct Spline {
   double origin, scale;
   int cells;
-  const std::array<double, 4>* coefficients;
+  const std::array<double, N>* coefficients;
   [[nodiscard]] double operator()(double x) const {
     const double i = (x - origin) * scale;
-    int cell = i > 0 ? static_cast<int>(i) : 0;
-    cell = cell < cells ? cell : cells - 1;
+    const int cell = i > 0 ? (i < cells ? static_cast<int>(i) : cells - 1) : 0;
     const auto& c = coefficients[cell];
     const double z = 2 * (i - cell) - 1;
-    return ((c[3] * z + c[2]) * z + c[1]) * z + c[0];
+    const double z2 = z * z;
+    // Even and odd powers apart: two short chains in place of a long one.
+    double even = 0, odd = 0;
+    for (std::size_t k = N; k > 0; k -= 2) {
+      odd = odd * z2 + c[k - 1];
+      even = even * z2 + c[k - 2];
+    }
+    return even + z * odd;
   }
 };
 
-/// Saturation temperature, °C, over the fourth root of p.
-extern const Spline saturation_t;
-/// Over √(374.15 °C - t): fourth root of the saturation pressure, saturated volumes, vapour density
-/// and entropies.
-extern const Spline saturation_root_p, saturated_v1, saturated_density2, saturated_s1, saturated_s2;
+/// Saturation temperature, °C, over the fourth root of p; to the rounding below `p_fitted`.
+extern const Spline<8> saturation_t;
+constexpr double p_fitted = 190;
+/// Fourth root of the saturation pressure over t.
+extern const Spline<4> saturation_root_p;
+
+/// Saturated states over √(374.15 °C - t): cells of cubic polynomials for the liquid's volume, the
+/// vapour's density, the enthalpies and the entropies. 350 °C lies between two cells.
+struct SaturatedTable {
+  double scale;
+  int cells;
+  const std::array<std::array<double, 4>, 6>* coefficients;
+};
+extern const SaturatedTable saturated_table;
+constexpr int saturated_cells_above_350 = 24;
+
+/// The same at the sides of the cells: volumes and entropies of liquid and vapour.
+struct SaturatedNode {
+  double v1, v2, s1, s2;
+};
+extern const std::span<const SaturatedNode> saturated_nodes;
 
 }  // namespace steam

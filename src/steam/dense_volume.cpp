@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "steam/saturation_line.hpp"
+#include "steam/rough_saturation.hpp"
 
 namespace steam {
 namespace {
@@ -31,8 +31,8 @@ Bracket bracket_of(Region branch, double t) {
 }  // namespace
 
 SaturatedVolumes rough_saturated_volumes(double t) {
-  const double r = saturation_coordinate(t);
-  return {saturated_v1(r), 1 / saturated_density2(r)};
+  const Ends v = RoughSaturation(t).ends<Quantity::v>().value;
+  return {v.liquid, v.vapour};
 }
 
 double dense_volume(const Isotherm& isotherm, Region branch, double p, double t, double start) {

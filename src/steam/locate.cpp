@@ -56,13 +56,32 @@ Site search_dense(double a, double b, Variables start) {
   return claim_dense(start, p);
 }
 
+/// Share of the way from liquid to vapour that the table of saturated states may be wrong by.
+constexpr double table_doubt = 1e-3;
+
+/// A wet state at a known saturation temperature. Well inside the wet region its quality is left to
+/// whoever wants it.
+template <Quantity Q>
+Site wet_at(double t, double p, double value) {
+  Site site{.region = t <= t_350 ? Region::wet : Region::wet_above_350,
+            .p = p,
+            .t = t,
+            .given = Q,
+            .value = value};
+  const double x = RoughSaturation(t).ends<Q>().value.quality(value);
+  if (x > table_doubt && x < 1 - table_doubt && t < t_critical - 1) {
+    return site;
+  }
+  return x > -1 && x < 2 ? claim_wet(with_quality(site)) : Site{};
+}
+
 template <Pair P>
 Site search_wet(double a, double b, double t_start, Region region) {
   constexpr Known k = known_of(P);
   if constexpr (k.first == Quantity::p) {
-    return a < p_critical ? claim_wet(wet_site(k.second, b, saturation_temperature(a), a)) : Site{};
+    return a < p_critical ? wet_at<k.second>(saturation_temperature(a), a, b) : Site{};
   } else if constexpr (k.first == Quantity::t) {
-    return a < t_critical ? claim_wet(wet_site(k.second, b, a, saturation_pressure(a))) : Site{};
+    return a < t_critical ? wet_at<k.second>(a, saturation_pressure(a), b) : Site{};
   } else if (region == Region::wet) {
     return claim_wet(wet_search<k.first, k.second, LowSaturation>(a, b, t_start, region));
   } else {
@@ -143,13 +162,62 @@ Site preferred(const Site& site, double a, double b) {
   return site;
 }
 
+/// Whether a start lies in its region, as far as the tables know. Only the order of the attempts
+/// depends on it.
+template <Pair P>
+bool is_plausible(Region region, Variables start, double a, double b) {
+  constexpr Known k = known_of(P);
+  constexpr bool line = k.first == Quantity::p || k.first == Quantity::t;
+  if (is_wet(region)) {
+    const double t = k.first == Quantity::t   ? a
+                     : k.first == Quantity::p ? saturation_t(std::sqrt(std::sqrt(a)))
+                                              : start.t;
+    const double x = RoughSaturation(t).ends < k.first == Quantity::p || k.first == Quantity::t
+                         ? k.second
+                         : k.first > ().value.quality(line ? b : a);
+    return x >= 0 && x <= 1 && (t <= t_350) == (region == Region::wet);
+  }
+  const double t = k.first == Quantity::t ? a : start.t;
+  if (is_3(region)) {
+    if (t < t_350 || t > t_line_end) {
+      return false;
+    }
+    const double v = k.second == Quantity::v ? b : start.z;
+    const SaturatedVolumes saturated = rough_saturated_volumes(t);
+    return t >= t_critical || v < saturated.liquid || v > saturated.vapour;
+  }
+  const double p = k.first == Quantity::p ? a : start.z;
+  if (t > t_350) {
+    return region == Region::steam && (t > t_line_end || p <= line_pressure(t));
+  }
+  const double root = saturation_root_p(t);
+  return (p >= fourth_power(root)) == (region == Region::water);
+}
+
+template <Pair P>
+Site attempt(Region region, double a, double b, Variables start) {
+  const Site site = search<P>(region, a, b, start);
+  return site && may_overlap(site, overlap<P>) ? preferred<P>(site, a, b) : site;
+}
+
+/// Starts that look right come first, the others when those lead nowhere.
 template <Pair P>
 Site quick_search(double a, double b) {
   const Place here = place(charts[static_cast<std::size_t>(P)], a, b);
-  for (const Patch& patch : here.patches) {
-    const Site site = search<P>(patch.region, a, b, start_in<P>(here, patch));
-    if (site) {
-      return may_overlap(site, overlap<P>) ? preferred<P>(site, a, b) : site;
+  if (here.patches.size() == 1) {
+    const Patch& patch = here.patches[0];
+    return attempt<P>(patch.region, a, b, start_in<P>(here, patch));
+  }
+  for (const bool plausible : {true, false}) {
+    for (const Patch& patch : here.patches) {
+      const Variables start = start_in<P>(here, patch);
+      if (is_plausible<P>(patch.region, start, a, b) != plausible) {
+        continue;
+      }
+      const Site site = attempt<P>(patch.region, a, b, start);
+      if (site) {
+        return site;
+      }
     }
   }
   return {};

@@ -101,34 +101,59 @@ double surface_tension(double t) {
   return 235.8e-3 * std::pow(x, 1.256) * (1 - 0.625 * x);
 }
 
-/// Mixed v, h, s and u.
+/// The quality of a wet site, which may have to follow from its other quantity.
+template <class Saturation>
+double quality(const Saturation& saturation, const Site& site) {
+  switch (site.given) {
+    case Quantity::x:
+      return site.x;
+    case Quantity::v:
+      return saturation.template ends<Quantity::v>().quality(site.value);
+    case Quantity::h:
+      return saturation.template ends<Quantity::h>().quality(site.value);
+    case Quantity::s:
+      return saturation.template ends<Quantity::s>().quality(site.value);
+    default:
+      return saturation.template ends<Quantity::u>().quality(site.value);
+  }
+}
+
+/// Quality, and mixed v, h, s and u.
 template <class Saturation>
 void mixture(const Saturation& saturation, const Site& site, Wanted wanted, Values& out) {
+  const double x = quality(saturation, site);
+  at(out, P::x) = x;
   if (wanted.has(P::v) || wanted.has(P::density)) {
-    at(out, P::v) = saturation.template ends<Quantity::v>().mixed(site.x);
+    at(out, P::v) = saturation.template ends<Quantity::v>().mixed(x);
   }
   if (wanted.has(P::h)) {
-    at(out, P::h) = saturation.template ends<Quantity::h>().mixed(site.x);
+    at(out, P::h) = saturation.template ends<Quantity::h>().mixed(x);
   }
   if (wanted.has(P::s)) {
-    at(out, P::s) = saturation.template ends<Quantity::s>().mixed(site.x);
+    at(out, P::s) = saturation.template ends<Quantity::s>().mixed(x);
   }
   if (wanted.has(P::u)) {
-    at(out, P::u) = saturation.template ends<Quantity::u>().mixed(site.x);
+    at(out, P::u) = saturation.template ends<Quantity::u>().mixed(x);
   }
 }
 
 constexpr Wanted mixture_needed{P::v, P::density, P::h, P::s, P::u};
+constexpr Wanted not_in_wet{
+    P::cp,        P::cv,           P::speed_of_sound, P::isentropic_exponent,
+    P::viscosity, P::conductivity, P::prandtl};
 
 void wet(const Site& site, Wanted wanted, Values& out) {
-  for (const Property p : {P::cp, P::cv, P::speed_of_sound, P::isentropic_exponent, P::viscosity,
-                           P::conductivity, P::prandtl}) {
-    at(out, p) = missing;
+  if (wanted.any(not_in_wet)) {
+    for (const Property p : {P::cp, P::cv, P::speed_of_sound, P::isentropic_exponent, P::viscosity,
+                             P::conductivity, P::prandtl}) {
+      at(out, p) = missing;
+    }
   }
   if (wanted.has(P::surface_tension)) {
     at(out, P::surface_tension) = surface_tension(site.t);
   }
-  if (!wanted.any(mixture_needed)) {
+  at(out, P::x) = site.x;
+  if (!wanted.any(mixture_needed) && !(wanted.has(P::x) && site.given != Quantity::x)) {
     return;
   }
   if (site.region == Region::wet) {

@@ -16,9 +16,9 @@ double quantity(const Site& site, Quantity q) {
     case Quantity::t:
       return site.t;
     case Quantity::x:
-      return site.x;
+      return with_quality(site).x;
     default:
-      return is_wet(site.region) ? saturated_ends(q, site.t, site.p).mixed(site.x)
+      return is_wet(site.region) ? saturated_ends(q, site.t, site.p).mixed(with_quality(site).x)
                                  : sloped_quantity(site.region, q, variables(site)).value;
   }
 }

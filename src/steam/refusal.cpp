@@ -3,43 +3,35 @@
 #include <cmath>
 #include <cstdio>
 
-#include "steam/domain.hpp"
-
 namespace steam {
 namespace {
 
-struct Accepted {
+struct Words {
   char letter;
   const char* name;
   const char* unit;
-  double lowest, highest;
   Reason reason;
 };
 
-/// Ranges over all states of the formulation, by `Quantity`.
-constexpr std::array<Accepted, 7> accepted{{
-    {'p', "pressure", "bar", p_lowest, p_highest, Reason::pressure},
-    {'t', "temperature", "°C", t_lowest, t_highest, Reason::temperature},
-    {'v', "volume", "m³/kg", 9.5646e-4, 810.264, Reason::value},
-    {'h', "enthalpy", "kJ/kg", 6.113e-4, 4158.746, Reason::value},
-    {'s', "entropy", "kJ/(kg K)", -6.55e-3, 11.9183, Reason::value},
-    {'u', "internal energy", "kJ/kg", -1e-8, 3663.477, Reason::value},
-    {'x', "quality", "", 0, 1, Reason::quality},
+/// By `Quantity`.
+constexpr std::array<Words, 7> words{{
+    {'p', "pressure", "bar", Reason::pressure},
+    {'t', "temperature", "°C", Reason::temperature},
+    {'v', "volume", "m³/kg", Reason::value},
+    {'h', "enthalpy", "kJ/kg", Reason::value},
+    {'s', "entropy", "kJ/(kg K)", Reason::value},
+    {'u', "internal energy", "kJ/kg", Reason::value},
+    {'x', "quality", "", Reason::quality},
 }};
 
 Refusal check(Quantity q, double value, bool saturated) {
-  Accepted a = accepted[static_cast<std::size_t>(q)];
-  if (saturated && q == Quantity::p) {
-    a.highest = p_critical;
-  }
-  if (saturated && q == Quantity::t) {
-    a.highest = t_critical;
-  }
-  if (value >= a.lowest && value <= a.highest) {
+  const Range range = range_of(q, saturated);
+  if (range.has(value)) {
     return {};
   }
-  return {std::isnan(value) ? Reason::not_a_number : a.reason, a.letter, value, a.lowest,
-          a.highest};
+  const Words& w = words[static_cast<std::size_t>(q)];
+  return {std::isnan(value) ? Reason::not_a_number : w.reason, w.letter, value, range.lowest,
+          range.highest};
 }
 
 }  // namespace
@@ -57,7 +49,7 @@ std::string text(const Refusal& refusal) {
   if (refusal.reason == Reason::none) {
     return "there is a state";
   }
-  for (const Accepted& a : accepted) {
+  for (const Words& a : words) {
     if (a.letter != refusal.quantity) {
       continue;
     }

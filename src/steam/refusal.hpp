@@ -1,10 +1,43 @@
 #pragma once
 
+#include "steam/domain.hpp"
 #include "steam/site.hpp"
 
 namespace steam {
 
-/// Checks each of the two values by itself.
+/// Range of a quantity over all states of the formulation; with a quality, over all wet ones.
+struct Range {
+  double lowest, highest;
+  [[nodiscard]] constexpr bool has(double value) const {
+    return value >= lowest && value <= highest;
+  }
+};
+
+/// By `Quantity`.
+constexpr std::array<Range, 7> ranges{{{p_lowest, p_highest},
+                                       {t_lowest, t_highest},
+                                       {9.5646e-4, 810.264},
+                                       {6.113e-4, 4158.746},
+                                       {-6.55e-3, 11.9183},
+                                       {-1e-8, 3663.477},
+                                       {0, 1}}};
+
+constexpr Range range_of(Quantity q, bool saturated) {
+  const Range range = ranges[static_cast<std::size_t>(q)];
+  if (saturated && q == Quantity::p) {
+    return {range.lowest, p_critical};
+  }
+  return saturated && q == Quantity::t ? Range{range.lowest, t_critical} : range;
+}
+
+/// Whether each of the two values by itself may belong to a state.
+inline bool in_range(Pair pair, double first, double second) {
+  const Known& k = known_of(pair);
+  const bool saturated = k.second == Quantity::x;
+  return range_of(k.first, saturated).has(first) && range_of(k.second, saturated).has(second);
+}
+
+/// What to say when they are not in range.
 Refusal refusal(Pair pair, double first, double second);
 
 /// What to say when both values are possible but no state has them.

@@ -10,9 +10,10 @@ struct Slope {
 };
 
 /// Root between a and b, where f has opposite signs: Newton steps, halvings where they leave the
-/// bracket or converge slowly. Ends at the rounding of the variable.
+/// bracket or converge slowly. Ends after a step of the given relative size, if none at the
+/// rounding of the variable.
 template <class F>
-double bracketed_root(F&& f, double a, double b, double f_a) {
+double bracketed_root(F&& f, double a, double b, double f_a, double small_step = 3e-16) {
   double below = f_a < 0 ? a : b;
   double above = f_a < 0 ? b : a;
   double x = (a + b) / 2;
@@ -31,8 +32,7 @@ double bracketed_root(F&& f, double a, double b, double f_a) {
     }
     last_step = std::abs(next - x);
     x = next;
-    constexpr double rounding = 3e-16;
-    if (last_step <= rounding * std::abs(x)) {
+    if (last_step <= small_step * std::abs(x)) {
       return x;
     }
   }

@@ -23,9 +23,12 @@ Ends saturated_ends(Quantity q, double t, double p) {
   return t <= t_350 ? ends_of(LowSaturation(t, p), q) : ends_of(HighSaturation(t, p), q);
 }
 
-Site wet_site(Quantity q, double value, double t, double p) {
-  const Region region = t <= t_350 ? Region::wet : Region::wet_above_350;
-  return {.region = region, .p = p, .t = t, .x = saturated_ends(q, t, p).quality(value)};
+Site with_quality(Site site) {
+  if (site.given != Quantity::x) {
+    site.x = saturated_ends(site.given, site.t, site.p).quality(site.value);
+    site.given = Quantity::x;
+  }
+  return site;
 }
 
 }  // namespace steam

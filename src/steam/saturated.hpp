@@ -1,23 +1,10 @@
 #pragma once
 
 #include "steam/dense_volume.hpp"
-#include "steam/saturation_line.hpp"
+#include "steam/rough_saturation.hpp"
 #include "steam/slopes.hpp"
 
 namespace steam {
-
-/// A property of saturated liquid and saturated vapour.
-struct Ends {
-  double liquid, vapour;
-  [[nodiscard]] double mixed(double x) const { return liquid + x * (vapour - liquid); }
-  [[nodiscard]] double quality(double value) const {
-    return vapour == liquid ? 0.0 : (value - liquid) / (vapour - liquid);
-  }
-};
-
-struct SlopedEnds {
-  Ends value, over_t;  // the slope follows the saturation line
-};
 
 /// The saturated states of one temperature, to 350 °C.
 class LowSaturation {
@@ -26,7 +13,7 @@ class LowSaturation {
       : p_(p), t_(t), water_(Water::terms(p, t)), steam_(Steam::terms(p, t)) {}
   template <Quantity Q>
   [[nodiscard]] Ends ends() const {
-    return {sloped<Water, Q>(water_, p_, t_).value, sloped<Steam, Q>(steam_, p_, t_).value};
+    return {value_of<Water, Q>(water_, p_, t_), value_of<Steam, Q>(steam_, p_, t_)};
   }
   /// @param p_over_t  slope of the saturation line, bar/K
   template <Quantity Q>
@@ -52,8 +39,8 @@ class HighSaturation {
         vapour_(Dense::terms(volumes_.vapour, t)) {}
   template <Quantity Q>
   [[nodiscard]] Ends ends() const {
-    return {sloped<Dense, Q>(liquid_, volumes_.liquid, t_).value,
-            sloped<Dense, Q>(vapour_, volumes_.vapour, t_).value};
+    return {value_of<Dense, Q>(liquid_, volumes_.liquid, t_),
+            value_of<Dense, Q>(vapour_, volumes_.vapour, t_)};
   }
   template <Quantity Q>
   [[nodiscard]] SlopedEnds sloped_ends(double p_over_t) const {
@@ -76,8 +63,7 @@ class HighSaturation {
 /// A quantity of the saturated states at t, any quantity but p, t and x.
 Ends saturated_ends(Quantity q, double t, double p);
 
-/// Wet state at a known saturation temperature from one more quantity; the quality is not limited
-/// to 0 … 1.
-Site wet_site(Quantity q, double value, double t, double p);
+/// A wet site whose quality was left to follow from its quantity, with the quality.
+Site with_quality(Site site);
 
 }  // namespace steam

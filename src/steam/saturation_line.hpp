@@ -24,13 +24,10 @@ inline SaturationPressure sloped_saturation_pressure(double t) {
   return {p, p * formulation::saturation_log_slope(terms)};
 }
 
-/// Place of a temperature on the tables of saturated states.
-inline double saturation_coordinate(double t) { return std::sqrt(std::max(t_critical - t, 0.0)); }
-
 /// Whether p is at or above the saturation pressure at t; the equation decides only where the table
 /// cannot.
 inline bool above_saturation(double p, double t) {
-  const double root = saturation_root_p(saturation_coordinate(t));
+  const double root = saturation_root_p(t);
   const double square = root * root;
   const double about = square * square;
   constexpr double doubt = 1e-4;
@@ -44,11 +41,15 @@ inline bool above_saturation(double p, double t) {
 /// @param p  pressure, bar [0.006112444, 221.2]
 inline double saturation_temperature(double p) {
   double t = saturation_t(std::sqrt(std::sqrt(p)));
-  // The table is so close that one step in ln p, with ln(1 + e) = e - e²/2, reaches the rounding.
+  if (p < p_fitted) {
+    return std::max(t, t_lowest);
+  }
+  // The last term of the line bends it too sharply for the table; but that is so close that one
+  // step in ln p, with ln(1 + e) = e - e²/2, reaches the rounding.
   const auto terms = formulation::saturation_terms(t);
   const double e = p / formulation::saturation_pressure<formulation::Elementary>(terms) - 1;
   t += (e - e * e / 2) / formulation::saturation_log_slope(terms);
-  return std::min(std::max(t, t_lowest), t_critical);
+  return std::min(t, t_critical);
 }
 
 }  // namespace steam

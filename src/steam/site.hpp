@@ -39,11 +39,15 @@ constexpr std::array<Known, pair_count> known{{
 constexpr const Known& known_of(Pair pair) { return known[static_cast<std::size_t>(pair)]; }
 
 /// A state by the values that its subregion's equation takes: p and t in 1 and 2, v and t (and the
-/// p that goes with them) in 3 and 4, t and x (and the saturation pressure) in 5 and 6.
+/// p that goes with them) in 3 and 4, t and x (and the saturation pressure) in 5 and 6. A wet site
+/// may hold another quantity in place of x, so that x is computed only where it is wanted.
 struct Site {
   Region region = Region::none;
   double p = missing, t = missing, v = missing, x = missing;
   bool approximate = false;
+  /// In wet states that are known by another quantity than x: that one, in place of x.
+  Quantity given = Quantity::x;
+  double value = missing;
   explicit operator bool() const { return region != Region::none; }
 };
 

@@ -55,6 +55,30 @@ inline double isochoric_heat_capacity3(const Terms3& s) {
   return -s.theta * formulation::psi_theta_theta(s) * formulation::entropy_scale;
 }
 
+/// One quantity of a state.
+/// @param z  p, or v in subregion 3
+template <class Equation, Quantity Q, class Terms>
+double value_of(const Terms& s, double z, double t) {
+  constexpr bool first = Q == (Equation::by_pressure ? Quantity::p : Quantity::v);
+  if constexpr (first) {
+    return z;
+  } else if constexpr (Q == Quantity::t) {
+    return t;
+  } else if constexpr (Q == Quantity::p) {
+    return pressure3(s);
+  } else if constexpr (Q == Quantity::v) {
+    return formulation::volume(s);
+  } else if constexpr (Q == Quantity::h) {
+    return formulation::enthalpy(s);
+  } else if constexpr (Q == Quantity::s) {
+    return entropy_of(s);
+  } else if constexpr (Equation::by_pressure) {
+    return formulation::enthalpy(s) - kj_per_bar_m3 * z * formulation::volume(s);
+  } else {
+    return formulation::enthalpy(s) - kj_per_bar_m3 * pressure3(s) * z;
+  }
+}
+
 /// A property with its slopes over the two variables of the equation; `over_1` is over p, or over
 /// v in subregion 3.
 struct Sloped {

@@ -1,9 +1,8 @@
-#include <stdexcept>
-
 #include "steam/domain.hpp"
 #include "steam/locate.hpp"
 #include "steam/properties.hpp"
 #include "steam/refusal.hpp"
+#include "steam/saturated.hpp"
 
 namespace steam {
 namespace {
@@ -87,7 +86,7 @@ Result state(Pair pair, double first, double second) {
   if (refused.reason != Reason::none) {
     return Result(refused);
   }
-  const Site site = locate(pair, first, second);
+  const Site site = with_quality(locate(pair, first, second));
   if (!site) {
     return Result(no_state());
   }

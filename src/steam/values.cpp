@@ -8,14 +8,15 @@
 namespace steam {
 
 Reason values_of(Pair pair, double first, double second, Wanted wanted, Values& out) {
-  Reason reason = refusal(pair, first, second).reason;
-  if (reason == Reason::none) {
+  Reason reason = Reason::no_state;
+  if (in_range(pair, first, second)) {
     const Site site = locate(pair, first, second);
     if (site) {
       properties(site, wanted, out);
       return Reason::none;
     }
-    reason = Reason::no_state;
+  } else {
+    reason = refusal(pair, first, second).reason;
   }
   out.fill(missing);
   return reason;

@@ -8,122 +8,178 @@
 namespace steam {
 namespace {
 
-// The search runs over r = √(374.15 °C - t), in which saturated states are smooth up to the
-// critical point. Intervals of the tables that may hold a root are told by the tables alone; the
-// equations are asked only there.
+// At a fixed quality volume and entropy may turn twice along the saturation line. The sides of the
+// table's cells tell which cells may hold a solution; only there the equations are asked. The
+// variable is r = √(374.15 °C - t), in which saturated states are smooth up to the critical point.
 
-constexpr double r_350 = 4.914264950122243;      // √24.15
-constexpr double r_lowest = 19.342698880973153;  // √374.14
+const double r_lowest = std::sqrt(t_critical - t_lowest);
+
+double side(int i) { return i / saturated_table.scale; }
 
 double temperature_at(double r) { return t_critical - r * r; }
 
-/// The mixed quantity from the tables, in the scale of its equation.
-double rough(Quantity q, double x, double r) {
-  if (q == Quantity::s) {
-    return (1 - x) * saturated_s1(r) + x * saturated_s2(r);
-  }
-  return (1 - x) * saturated_v1(r) + x / saturated_density2(r);
-}
-
-/// Excess of the mixed quantity over the value, and its derivative over r.
-struct Excess {
+/// Value and slope of the mixed quantity, less the wanted value.
+struct Target {
   Quantity q;
   double value, x;
-  bool above_350;
-  Slope operator()(double r) const {
-    const double t = temperature_at(r);
+
+  [[nodiscard]] double at_node(int i) const {
+    const SaturatedNode& node = saturated_nodes[static_cast<std::size_t>(i)];
+    return (q == Quantity::s ? node.s1 + x * (node.s2 - node.s1)
+                             : node.v1 + x * (node.v2 - node.v1)) -
+           value;
+  }
+  [[nodiscard]] Slope rough(double t) const {
+    const RoughSaturation saturation(t);
+    const SlopedEnds ends =
+        q == Quantity::s ? saturation.ends<Quantity::s>() : saturation.ends<Quantity::v>();
+    return {ends.value.mixed(x) - value, ends.over_t.mixed(x)};
+  }
+  template <class Saturation>
+  [[nodiscard]] double exact(double t) const {
+    const Saturation saturation(t, saturation_pressure(t));
+    return (q == Quantity::s ? saturation.template ends<Quantity::s>()
+                             : saturation.template ends<Quantity::v>())
+               .mixed(x) -
+           value;
+  }
+  /// The equations' slope too.
+  template <class Saturation>
+  [[nodiscard]] Slope sloped(double t) const {
     const SaturationPressure line = sloped_saturation_pressure(t);
-    const SlopedEnds ends = with_quantity(q, [&]<Quantity Q>() {
-      if constexpr (Q == Quantity::v || Q == Quantity::s) {
-        return above_350 ? HighSaturation(t, line.p).sloped_ends<Q>(line.over_t)
-                         : LowSaturation(t, line.p).sloped_ends<Q>(line.over_t);
-      } else {
-        return SlopedEnds{};
-      }
-    });
-    return {ends.value.mixed(x) - value, -2 * r * ends.over_t.mixed(x)};
+    const Saturation saturation(t, line.p);
+    const SlopedEnds ends = q == Quantity::s
+                                ? saturation.template sloped_ends<Quantity::s>(line.over_t)
+                                : saturation.template sloped_ends<Quantity::v>(line.over_t);
+    return {ends.value.mixed(x) - value, ends.over_t.mixed(x)};
   }
 };
 
-/// Steps of the scan: the tables' own cells, about 12 K wide at 0 °C and less above.
-constexpr int steps_above = 24, steps_below = 71;
-
 class Scan {
  public:
-  Scan(Quantity q, double value, double x, int most, WetStates& states)
-      : q_(q), value_(value), x_(x), most_(most), states_(states) {}
+  Scan(Target target, int most, WetStates& states)
+      : target_(target), most_(most), states_(states) {}
 
   void run() {
-    part(0.02, r_350, steps_above, true);
-    if (states_.count < most_) {
-      part(r_350, r_lowest, steps_below, false);
+    double f_before = target_.at_node(0);
+    double f_left = f_before;
+    double f_right = target_.at_node(1);
+    for (int i = 0; i < saturated_table.cells && states_.count < most_; ++i) {
+      const double f_after = target_.at_node(std::min(i + 2, saturated_table.cells));
+      // Beside an extremum the value may lie a little beyond the sides.
+      const double rise = f_right - f_left;
+      const bool turns = (f_left - f_before) * rise <= 0 || (f_after - f_right) * rise <= 0;
+      const double smaller = std::min(std::abs(f_left), std::abs(f_right));
+      if (f_left * f_right <= 0 || smaller <= node_error() ||
+          (turns && smaller <= 2 * std::abs(rise))) {
+        i < saturated_cells_above_350 ? cell<HighSaturation>(i, turns)
+                                      : cell<LowSaturation>(i, turns);
+      }
+      f_before = f_left;
+      f_left = f_right;
+      f_right = f_after;
+    }
+    if (states_.count == 0) {
+      close_gap();
     }
   }
 
  private:
-  /// Widest error of the tables, with room.
-  [[nodiscard]] double doubt() const { return q_ == Quantity::s ? 1e-4 : 2e-4 * value_; }
+  [[nodiscard]] double node_error() const { return 1e-9 * (std::abs(target_.value) + 1e-3); }
 
-  void part(double from, double to, int steps, bool above_350) {
-    const double width = (to - from) / steps;
-    double left = from;
-    double f_left = rough(q_, x_, left) - value_;
-    double f_before = f_left;
-    for (int i = 1; i <= steps && states_.count < most_; ++i) {
-      const double right = i == steps ? to : from + i * width;
-      const double f_right = rough(q_, x_, right) - value_;
-      const double f_after = i == steps ? f_right : rough(q_, x_, right + width) - value_;
-      // An extremum in or beside the interval may touch the value without a change of sign.
-      const bool turns = (f_left - f_before) * (f_right - f_left) <= 0 ||
-                         (f_right - f_left) * (f_after - f_right) <= 0;
-      const double reach = doubt() + (turns ? 2 * std::abs(f_right - f_left) : 0);
-      if (f_left * f_right <= 0 || std::min(std::abs(f_left), std::abs(f_right)) <= reach) {
-        solve(left, right, above_350);
-      }
-      left = right;
-      f_before = f_left;
-      f_left = f_right;
+  template <class Saturation>
+  void cell(int i, bool turns) {
+    const bool low = i >= saturated_cells_above_350;
+    const double t_high = low && i == saturated_cells_above_350 ? t_350 : temperature_at(side(i));
+    const double t_low = std::max(temperature_at(std::min(side(i + 1), r_lowest)), t_lowest);
+    if (turns || !approach<Saturation>(t_low, t_high)) {
+      const auto f = [&](double t) { return target_.sloped<Saturation>(t); };
+      solve(f, t_low, t_high);
     }
   }
 
-  void solve(double left, double right, bool above_350) {
-    const Excess f{q_, value_, x_, above_350};
-    const Slope at_left = f(left);
-    const Slope at_right = f(right);
-    if (at_left.value == 0) {
-      add(left, above_350);
+  /// From the table's root with the table's slope.
+  template <class Saturation>
+  bool approach(double t_low, double t_high) {
+    const auto rough = [&](double t) { return target_.rough(t); };
+    const double f_high = rough(t_high).value;
+    if (!(f_high * rough(t_low).value < 0)) {
+      return false;
     }
-    if (at_left.value * at_right.value < 0) {
-      add(bracketed_root(f, left, right, at_left.value), above_350);
-    } else if (at_left.derivative * at_right.derivative < 0 && at_left.value != 0 &&
-               at_right.value != 0) {
-      const auto derivative = [&f](double r) { return Slope{f(r).derivative, 0}; };
-      const double top = bracketed_root(derivative, left, right, at_left.derivative);
+    double t = bracketed_root(rough, t_high, t_low, f_high, 1e-7);
+    const double slope = rough(t).derivative;
+    constexpr int most_steps = 6;
+    for (int n = 0; n < most_steps; ++n) {
+      const double step = -target_.exact<Saturation>(t) / slope;
+      t += step;
+      if (!(t >= t_low && t <= t_high)) {
+        return false;
+      }
+      constexpr double small_step = 2e-9;
+      if (std::abs(step) <= small_step) {
+        add(t);
+        return true;
+      }
+    }
+    return false;
+  }
+
+  /// All solutions in a cell, by the equations and brackets.
+  template <class F>
+  void solve(const F& f, double t_low, double t_high) {
+    const Slope at_high = f(t_high);
+    const Slope at_low = f(t_low);
+    if (std::abs(at_high.value) <= rounding() || std::abs(at_low.value) <= rounding()) {
+      add(std::abs(at_high.value) <= rounding() ? t_high : t_low);
+    }
+    if (at_high.value * at_low.value < 0) {
+      add(bracketed_root(f, t_high, t_low, at_high.value));
+    } else if (at_high.derivative * at_low.derivative < 0) {
+      const auto derivative = [&f](double t) { return Slope{f(t).derivative, 0}; };
+      const double top = bracketed_root(derivative, t_high, t_low, at_high.derivative);
       const double f_top = f(top).value;
-      if (f_top * at_left.value < 0) {
-        add(bracketed_root(f, left, top, at_left.value), above_350);
-        add(bracketed_root(f, top, right, f_top), above_350);
+      if (std::abs(f_top) <= rounding()) {
+        add(top);
+      } else if (f_top * at_high.value < 0) {
+        add(bracketed_root(f, t_high, top, at_high.value));
+        add(bracketed_root(f, top, t_low, f_top));
       }
-    } else if (at_right.value == 0 && right == r_lowest) {
-      add(right, above_350);
     }
   }
 
-  void add(double r, bool above_350) {
-    if (states_.count == WetStates::capacity) {
-      return;
-    }
-    double t = std::max(temperature_at(r), t_lowest);
-    t = above_350 ? t : std::min(t, t_350);
-    states_.sites[states_.count++] = {
-        .region = above_350 && t > t_350 ? Region::wet_above_350 : Region::wet,
-        .p = saturation_pressure(t),
-        .t = t,
-        .x = x_};
+  [[nodiscard]] double rounding() const {
+    return target_.q == Quantity::s ? 1e-12 : 1e-14 * target_.value;
   }
 
-  Quantity q_;
-  double value_, x_;
+  /// A value that neither side of 350 °C reaches: the states there miss each other slightly.
+  void close_gap() {
+    const double misfit = target_.q == Quantity::s ? 1e-3 : 2e-3 * target_.value;
+    if (std::abs(target_.at_node(saturated_cells_above_350)) < misfit) {
+      add(t_350);
+      states_.sites[0].approximate = states_.count > 0;
+    }
+  }
+
+  void add(double t) {
+    const Site site{.region = t <= t_350 ? Region::wet : Region::wet_above_350,
+                    .p = saturation_pressure(t),
+                    .t = t,
+                    .x = target_.x};
+    if (states_.count > 0) {
+      Site& last = states_.sites[states_.count - 1];
+      constexpr double overlap = 0.5, same = 1e-7;
+      const bool both_sides = last.t > t_350 && t <= t_350 && last.t - t < overlap;
+      if (both_sides || std::abs(last.t - t) < same) {
+        last = site;
+        return;
+      }
+    }
+    if (states_.count < WetStates::capacity) {
+      states_.sites[states_.count++] = site;
+    }
+  }
+
+  Target target_;
   int most_;
   WetStates& states_;
 };
@@ -132,7 +188,7 @@ class Scan {
 
 WetStates wet_states(Quantity q, double value, double x, int most) {
   WetStates states;
-  Scan(q, value, x, most, states).run();
+  Scan({q, value, x}, most, states).run();
   return states;
 }
 
