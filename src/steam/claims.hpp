@@ -10,7 +10,7 @@ namespace steam {
 
 /// Rounding that a state on a boundary may be beyond it.
 constexpr double boundary_slack_t = 1e-9;  // K
-constexpr double boundary_slack_x = 1e-11;
+constexpr double boundary_slack_x = 1e-12;
 
 inline bool within_range(double p, double t) {
   return p >= p_lowest * (1 - limit_slack) && p <= p_highest * (1 + limit_slack) &&
@@ -18,8 +18,15 @@ inline bool within_range(double p, double t) {
 }
 
 inline Site claim_water(Variables x) {
-  if (!within_range(x.z, x.t) || x.t > t_350 + boundary_slack_t || !above_saturation(x.z, x.t)) {
+  if (!within_range(x.z, x.t) || x.t > t_350 + boundary_slack_t) {
     return {};
+  }
+  if (!above_saturation(x.z, x.t)) {
+    // So little pressure is beyond what a volume can tell.
+    constexpr double slack = 1e-9;  // bar
+    const double p = saturation_pressure(x.t);
+    return x.z >= p - slack ? Site{.region = Region::water, .p = p, .t = std::min(x.t, t_350)}
+                            : Site{};
   }
   return {.region = Region::water, .p = x.z, .t = std::min(x.t, t_350)};
 }
@@ -54,9 +61,10 @@ inline Site claim_dense(Variables x, double p) {
   return vapour && (!above || p <= saturation_pressure(x.t)) ? site : Site{};
 }
 
-inline Site claim_wet(Site site) {
-  if (!(site.x >= -boundary_slack_x && site.x <= 1 + boundary_slack_x) ||
-      site.t < t_lowest - boundary_slack_t ||
+/// @param q  the quantity that the quality comes from: only caloric ones need a slack
+inline Site claim_wet(Site site, Quantity q) {
+  const double slack = q == Quantity::v ? 0 : boundary_slack_x;
+  if (!(site.x >= -slack && site.x <= 1 + slack) || site.t < t_lowest - boundary_slack_t ||
       (site.region == Region::wet ? site.t > t_350 + boundary_slack_t : site.t <= t_350)) {
     return {};
   }

@@ -72,7 +72,7 @@ Site wet_at(double t, double p, double value) {
   if (x > table_doubt && x < 1 - table_doubt && t < t_critical - 1) {
     return site;
   }
-  return x > -1 && x < 2 ? claim_wet(with_quality(site)) : Site{};
+  return x > -1 && x < 2 ? claim_wet(with_quality(site), Q) : Site{};
 }
 
 template <Pair P>
@@ -83,9 +83,9 @@ Site search_wet(double a, double b, double t_start, Region region) {
   } else if constexpr (k.first == Quantity::t) {
     return a < t_critical ? wet_at<k.second>(a, saturation_pressure(a), b) : Site{};
   } else if (region == Region::wet) {
-    return claim_wet(wet_search<k.first, k.second, LowSaturation>(a, b, t_start, region));
+    return claim_wet(wet_search<k.first, k.second, LowSaturation>(a, b, t_start, region), k.first);
   } else {
-    return claim_wet(wet_search<k.first, k.second, HighSaturation>(a, b, t_start, region));
+    return claim_wet(wet_search<k.first, k.second, HighSaturation>(a, b, t_start, region), k.first);
   }
 }
 

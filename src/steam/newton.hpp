@@ -93,6 +93,13 @@ inline Variables limited(Variables step, Variables x) {
   return {std::clamp(step.z, -0.6 * x.z, 1.5 * x.z), std::clamp(step.t, -widest_t, widest_t)};
 }
 
+/// Whether a residual is no more than the rounding of the property's evaluation.
+constexpr bool is_noise(Quantity q, double residual, double value) {
+  const double absolute = q == Quantity::h || q == Quantity::u ? 4e-10 : q == Quantity::s ? 1e-12 : 0;
+  constexpr double relative = 4e-16;
+  return std::abs(residual) <= absolute + relative * std::abs(value);
+}
+
 /// Size of a step in its own variables, at least that of its larger part.
 template <class Equation>
 double relative_size(Variables step, Variables x) {
@@ -117,7 +124,12 @@ bool refine(double a, double b, Variables& x) {
   }
   for (int n = 0; n < newton::most_steps; ++n) {
     const newton::Matrix slopes = System::matrix(x);
-    const Variables full = System::step(slopes, System::residuals(slopes, a, b));
+    const newton::Residuals r = System::residuals(slopes, a, b);
+    // Where the properties hardly depend on a variable its steps never get small.
+    if (n > 1 && newton::is_noise(k.first, r.first, a) && newton::is_noise(k.second, r.second, b)) {
+      return true;
+    }
+    const Variables full = System::step(slopes, r);
     if (!std::isfinite(full.z) || !std::isfinite(full.t)) {
       return false;
     }

@@ -68,7 +68,13 @@ Site wet_search(double a, double b, double t, Region region) {
   const RoughSaturation rough(t);
   const SlopedEnds first = rough.ends<A>();
   const SlopedEnds second = rough.ends<B>();
-  wet::Slopes slope{};
+  const auto [rough_value, rough_x] = wet::excess(first.value, second.value, a, b);
+  wet::Slopes slope = wet::slopes(first, second, rough_x);
+  constexpr double doubt_x = 0.01, doubt_t = 2;
+  if (!(std::abs(rough_x - 0.5) < 0.5 + doubt_x) ||
+      !(std::abs(rough_value) < doubt_t * std::abs(slope.excess))) {
+    return {};
+  }
   double last_step = HUGE_VAL;
   double last_value = 0;
   constexpr int most_steps = 12;
@@ -76,9 +82,7 @@ Site wet_search(double a, double b, double t, Region region) {
     const Saturation saturation(t, saturation_pressure(t));
     const auto [value, x] =
         wet::excess(saturation.template ends<A>(), saturation.template ends<B>(), a, b);
-    if (n == 0) {
-      slope = wet::slopes(first, second, x);
-    } else if (std::abs(last_step) > 1e-5) {
+    if (n > 0 && std::abs(last_step) > 1e-5) {
       slope.excess = (value - last_value) / last_step;
     }
     const double step = wet::limited(-value / slope.excess);

@@ -69,9 +69,11 @@ class Scan {
       // Beside an extremum the value may lie a little beyond the sides.
       const double rise = f_right - f_left;
       const bool turns = (f_left - f_before) * rise <= 0 || (f_after - f_right) * rise <= 0;
+      const double reach =
+          std::abs(f_left - f_before) + std::abs(rise) + std::abs(f_after - f_right);
       const double smaller = std::min(std::abs(f_left), std::abs(f_right));
       if (f_left * f_right <= 0 || smaller <= node_error() ||
-          (turns && smaller <= 2 * std::abs(rise))) {
+          (turns && smaller <= reach)) {
         i < saturated_cells_above_350 ? cell<HighSaturation>(i, turns)
                                       : cell<LowSaturation>(i, turns);
       }
