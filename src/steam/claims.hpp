@@ -10,7 +10,7 @@ namespace steam {
 
 /// Rounding that a state on a boundary may be beyond it.
 constexpr double boundary_slack_t = 1e-9;  // K
-constexpr double boundary_slack_x = 1e-12;
+constexpr double boundary_slack_x = 2e-13;
 
 inline bool within_range(double p, double t) {
   return p >= p_lowest * (1 - limit_slack) && p <= p_highest * (1 + limit_slack) &&
@@ -41,9 +41,12 @@ inline Site claim_steam(Variables x) {
   return belongs ? Site{.region = Region::steam, .p = x.z, .t = x.t} : Site{};
 }
 
+/// Volumes of subregion 3; its equation has other solutions beyond them.
+constexpr double v_least_dense = 0.0013, v_most_dense = 0.0089;
+
 inline Site claim_dense(Variables x, double p) {
-  if (!within_range(p, x.t) || x.t <= t_350 || x.t > t_line_end + boundary_slack_t ||
-      p < line_pressure(x.t)) {
+  if (!within_range(p, x.t) || x.z < v_least_dense || x.z > v_most_dense || x.t <= t_350 ||
+      x.t > t_line_end + boundary_slack_t || p < line_pressure(x.t)) {
     return {};
   }
   Site site{.region = Region::dense_steam, .p = p, .t = x.t, .v = x.z};

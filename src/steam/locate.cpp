@@ -162,6 +162,22 @@ Site preferred(const Site& site, double a, double b) {
   return site;
 }
 
+/// With an entropy wet states next to saturation may overlap with single-phase ones: the saturation
+/// line and the subregions meet Clapeyron's equation to some 1e-4 only. One phase counts then.
+template <Pair P>
+Site preferred_to_wet(const Site& site, double a, double b) {
+  constexpr double beside = 1e-3;
+  if (site.x < beside) {
+    const Site water = search<P>(Region::water, a, b, {site.p, site.t});
+    return water ? water : site;
+  }
+  if (site.x > 1 - beside) {
+    const Site steam = search<P>(Region::steam, a, b, {site.p, site.t});
+    return steam ? steam : site;
+  }
+  return site;
+}
+
 /// Whether a start lies in its region, as far as the tables know. Only the order of the attempts
 /// depends on it.
 template <Pair P>
@@ -197,7 +213,15 @@ bool is_plausible(Region region, Variables start, double a, double b) {
 template <Pair P>
 Site attempt(Region region, double a, double b, Variables start) {
   const Site site = search<P>(region, a, b, start);
-  return site && may_overlap(site, overlap<P>) ? preferred<P>(site, a, b) : site;
+  if (!site) {
+    return site;
+  }
+  if constexpr (P == Pair::hs || P == Pair::us) {
+    if (site.region == Region::wet) {
+      return preferred_to_wet<P>(site, a, b);
+    }
+  }
+  return may_overlap(site, overlap<P>) ? preferred<P>(site, a, b) : site;
 }
 
 /// Starts that look right come first, the others when those lead nowhere.

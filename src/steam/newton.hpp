@@ -95,7 +95,9 @@ inline Variables limited(Variables step, Variables x) {
 
 /// Whether a residual is no more than the rounding of the property's evaluation.
 constexpr bool is_noise(Quantity q, double residual, double value) {
-  const double absolute = q == Quantity::h || q == Quantity::u ? 4e-10 : q == Quantity::s ? 1e-12 : 0;
+  const double absolute = q == Quantity::h || q == Quantity::u ? 4e-10
+                          : q == Quantity::s                   ? 1e-12
+                                                               : 0;
   constexpr double relative = 4e-16;
   return std::abs(residual) <= absolute + relative * std::abs(value);
 }

@@ -8,8 +8,9 @@ namespace steam {
 struct Ends {
   double liquid, vapour;
   [[nodiscard]] double mixed(double x) const { return liquid + x * (vapour - liquid); }
+  /// Not a number where the two are one and the value is another.
   [[nodiscard]] double quality(double value) const {
-    return vapour == liquid ? 0.0 : (value - liquid) / (vapour - liquid);
+    return value == liquid ? 0 : (value - liquid) / (vapour - liquid);
   }
 };
 

@@ -24,6 +24,7 @@ constexpr Wanted wet_wanted{Property::v, Property::h,       Property::s,
 
 Phase phase_at(const Site& site) {
   Values values;
+  values.fill(missing);
   properties(site, phase_wanted, values);
   return phase_of(values);
 }
@@ -37,6 +38,7 @@ State full_state(const Site& site) {
     return state;
   }
   Values values;
+  values.fill(missing);
   properties(site, wet_wanted, values);
   static_cast<Phase&>(state) = phase_of(values);
   state.x = site.x;

@@ -72,8 +72,7 @@ class Scan {
       const double reach =
           std::abs(f_left - f_before) + std::abs(rise) + std::abs(f_after - f_right);
       const double smaller = std::min(std::abs(f_left), std::abs(f_right));
-      if (f_left * f_right <= 0 || smaller <= node_error() ||
-          (turns && smaller <= reach)) {
+      if (f_left * f_right <= 0 || smaller <= node_error() || (turns && smaller <= reach)) {
         i < saturated_cells_above_350 ? cell<HighSaturation>(i, turns)
                                       : cell<LowSaturation>(i, turns);
       }
@@ -162,11 +161,20 @@ class Scan {
     }
   }
 
+  /// Where the two saturated volumes merge the sum jumps, and a bracket may close on the jump.
+  [[nodiscard]] bool is_jump(double t) const {
+    constexpr double t_merging = t_critical - 2e-3;
+    constexpr double miss = 1e-9;
+    return t > t_merging &&
+           std::abs(target_.exact<HighSaturation>(t)) > miss * std::abs(target_.value);
+  }
+
   void add(double t) {
     const Site site{.region = t <= t_350 ? Region::wet : Region::wet_above_350,
                     .p = saturation_pressure(t),
                     .t = t,
-                    .x = target_.x};
+                    .x = target_.x,
+                    .approximate = is_jump(t)};
     if (states_.count > 0) {
       Site& last = states_.sites[states_.count - 1];
       constexpr double overlap = 0.5, same = 1e-7;

@@ -60,7 +60,8 @@ State random_steam(std::mt19937_64& random) {
 /// Two states of one pair, on the two sides of a boundary at which the subregions overlap.
 bool are_in_overlap(const State& a, const State& b) {
   const bool at_350 = (a.t <= 350) != (b.t <= 350) && std::abs(a.t - b.t) < 4;
-  const bool at_line = a.t > 350 && b.t > 350 && (a.region == Region::steam) != (b.region == Region::steam) &&
+  const bool at_line = a.t > 350 && b.t > 350 &&
+                       (a.region == Region::steam) != (b.region == Region::steam) &&
                        std::abs(a.p / b.p - 1) < 0.06;
   return !a.approximate && (at_350 || at_line);
 }
@@ -116,8 +117,8 @@ Trip round_trip(Pair pair, const State& original) {
   const Given g = given(pair, original);
   const steam::Result result = steam::state(pair, g.first, g.second);
   const auto is_original = [&](const State& s) {
-    const bool same = std::abs(s.t - original.t) < 1e-3 &&
-                      std::abs(s.p - original.p) < 1e-2 + 1e-3 * s.p;
+    const bool same =
+        std::abs(s.t - original.t) < 1e-3 && std::abs(s.p - original.p) < 1e-2 + 1e-3 * s.p;
     return same || are_in_overlap(s, original);
   };
   Trip trip;

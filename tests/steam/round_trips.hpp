@@ -10,9 +10,9 @@
 /// Round trips: states all over the formulation, forwards to a pair of properties and back.
 namespace round_trips {
 
-constexpr std::array regions{steam::Region::water,         steam::Region::steam,
-                             steam::Region::dense_steam,   steam::Region::hot_water,
-                             steam::Region::wet_above_350, steam::Region::wet};
+inline constexpr std::array regions{steam::Region::water,         steam::Region::steam,
+                                    steam::Region::dense_steam,   steam::Region::hot_water,
+                                    steam::Region::wet_above_350, steam::Region::wet};
 
 /// A random state of a region, by (p, t) or (t, x).
 steam::State random_state(steam::Region region, std::mt19937_64& random);

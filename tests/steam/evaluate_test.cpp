@@ -1,0 +1,124 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cmath>
+#include <cstring>
+#include <stdexcept>
+#include <vector>
+
+#include "round_trips.hpp"
+
+namespace {
+
+using steam::Pair;
+using steam::Property;
+using steam::Reason;
+
+constexpr Property all[]{Property::p,         Property::t,     Property::v,
+                         Property::h,         Property::s,     Property::u,
+                         Property::x,         Property::cp,    Property::speed_of_sound,
+                         Property::viscosity, Property::region};
+
+struct Table {
+  std::vector<double> first, second;
+  std::vector<std::vector<double>> columns;
+  std::vector<Reason> status;
+  std::size_t done = 0;
+};
+
+Table inputs(Pair pair, std::size_t rows) {
+  std::mt19937_64 random(5);
+  Table table;
+  for (std::size_t i = 0; i < rows; ++i) {
+    const bool with_x = round_trips::name(pair)[1] == 'x';
+    const auto region =
+        with_x ? steam::Region::wet : round_trips::regions[i % (pair == Pair::pt ? 4 : 6)];
+    const auto g = round_trips::given(pair, round_trips::random_state(region, random));
+    table.first.push_back(i % 17 == 3 ? -1 : g.first);  // some rows without a state
+    table.second.push_back(g.second);
+  }
+  return table;
+}
+
+Table evaluated(Pair pair, Table table, const steam::Options& options) {
+  const std::size_t rows = table.first.size();
+  table.columns.assign(std::size(all), std::vector<double>(rows));
+  table.status.resize(rows);
+  const std::vector<std::span<double>> outputs(table.columns.begin(), table.columns.end());
+  table.done =
+      steam::evaluate(pair, table.first, table.second, all, outputs, table.status, options);
+  return table;
+}
+
+bool same_bits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+
+TEST(Evaluate, BatchesHaveTheBitsOfSingleEvaluationsWhateverTheThreads) {
+  const std::vector<steam::Options> ways{
+      {.threads = 1, .chunk = 1000}, {.threads = 8, .chunk = 7}, {.threads = 3, .chunk = 1}, {}};
+  for (std::size_t pair_number = 0; pair_number < steam::pair_count; ++pair_number) {
+    const auto pair = static_cast<Pair>(pair_number);
+    const Table start = inputs(pair, 300);
+    for (const steam::Options& options : ways) {
+      const Table table = evaluated(pair, start, options);
+      ASSERT_EQ(table.done, start.first.size());
+      for (std::size_t row = 0; row < start.first.size(); ++row) {
+        std::array<double, std::size(all)> single{};
+        EXPECT_EQ(steam::values(pair, start.first[row], start.second[row], all, single),
+                  table.status[row]);
+        for (std::size_t i = 0; i < single.size(); ++i) {
+          EXPECT_TRUE(same_bits(single[i], table.columns[i][row]) ||
+                      (std::isnan(single[i]) && std::isnan(table.columns[i][row])))
+              << round_trips::name(pair) << " row " << row << " column " << i;
+        }
+      }
+    }
+  }
+}
+
+TEST(Evaluate, RowsWithoutAStateGetTheirReasonAndNaN) {
+  const std::vector<double> p{100, -1, 100, std::nan("")}, h{2000, 2000, 9999, 2000};
+  std::vector<double> t(4);
+  std::vector<Reason> status(4);
+  const Property wanted[]{Property::t};
+  const std::span<double> outputs[]{t};
+  EXPECT_EQ(steam::evaluate(Pair::ph, p, h, wanted, outputs, status), 4U);
+  const std::vector<Reason> expected{Reason::none, Reason::pressure, Reason::value,
+                                     Reason::not_a_number};
+  EXPECT_EQ(status, expected);
+  EXPECT_GT(t[0], 0);
+  EXPECT_TRUE(std::isnan(t[1]) && std::isnan(t[2]) && std::isnan(t[3]));
+}
+
+TEST(Evaluate, StopsAndReports) {
+  std::stop_source stop;
+  std::vector<std::size_t> reports;
+  steam::Options options{.threads = 2, .chunk = 10, .stop = stop.get_token()};
+  options.progress = [&](std::size_t done, std::size_t rows) {
+    EXPECT_EQ(rows, 1000U);
+    reports.push_back(done);
+    if (done >= 100) {
+      stop.request_stop();
+    }
+  };
+  const Table table = evaluated(Pair::ph, inputs(Pair::ph, 1000), options);
+  EXPECT_GE(table.done, 100U);
+  EXPECT_LT(table.done, 200U);
+  EXPECT_TRUE(std::is_sorted(reports.begin(), reports.end()));
+  EXPECT_EQ(reports.back(), table.done);
+}
+
+TEST(Evaluate, SpansThatDoNotFitAreMisuse) {
+  std::vector<double> three(3), two(2);
+  std::vector<Reason> status(3);
+  const Property wanted[]{Property::t};
+  const std::span<double> short_output[]{two};
+  const std::span<double> output[]{three};
+  EXPECT_THROW(steam::evaluate(Pair::ph, three, three, wanted, short_output, status),
+               std::invalid_argument);
+  EXPECT_THROW(steam::evaluate(Pair::ph, three, two, wanted, output, status),
+               std::invalid_argument);
+  EXPECT_THROW(steam::evaluate(Pair::ph, three, three, {}, output, status), std::invalid_argument);
+  EXPECT_THROW(steam::values(Pair::ph, 1, 100, wanted, {}), std::invalid_argument);
+}
+
+}  // namespace

@@ -1,0 +1,82 @@
+#include <gtest/gtest.h>
+
+#include "vek/steam.hpp"
+
+namespace {
+
+using steam::Pair;
+using steam::Region;
+
+struct Expected {
+  Region region;
+  double p, t;
+};
+
+struct Row {
+  const char* name;
+  Pair pair;
+  double first, second;
+  std::vector<Expected> states;  // in the order of preference
+};
+
+TEST(Several, AllStatesOfAPairInTheDocumentedOrder) {
+  const Row rows[]{
+      {"around the density maximum",
+       Pair::pv,
+       1,
+       0.0010001,
+       {{Region::water, 1, 8.51210}, {Region::water, 1, 0.98553}}},
+      {"wet, or water under pressure",
+       Pair::th,
+       100,
+       450,
+       {{Region::wet, 1.01325, 100}, {Region::water, 410.316, 100}}},
+      {"hot water on one side of the least enthalpy",
+       Pair::th,
+       300,
+       1340,
+       {{Region::water, 131.4655, 300}}},
+      {"cold water, whose energy first rises with pressure",
+       Pair::tu,
+       2,
+       8.4,
+       {{Region::wet, 0.00705458, 2}, {Region::water, 11.0053, 2}, {Region::water, 602.782, 2}}},
+      {"cold water, whose entropy first rises with pressure",
+       Pair::ts,
+       2,
+       0.0307,
+       {{Region::wet, 0.00705458, 2}, {Region::water, 25.9185, 2}, {Region::water, 262.249, 2}}},
+      {"wet isentrope of one quality",
+       Pair::sx,
+       4.45,
+       0.5,
+       {{Region::wet_above_350, 216.272, 372.25506},
+        {Region::wet, 52.2908, 266.72447},
+        {Region::wet, 0.0393091, 28.68163}}},
+      {"dense wet states",
+       Pair::vx,
+       0.0025,
+       0.1,
+       {{Region::wet_above_350, 211.445, 370.35952}, {Region::wet, 154.298, 344.39869}}},
+      {"saturated water around its density maximum",
+       Pair::vx,
+       0.00100005,
+       0,
+       {{Region::wet, 0.00952336, 6.27313}, {Region::wet, 0.00764596, 3.13188}}},
+  };
+  for (const Row& row : rows) {
+    const steam::Results all = steam::states(row.pair, row.first, row.second);
+    ASSERT_EQ(all.size(), row.states.size()) << row.name;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      EXPECT_EQ(all[i].region, row.states[i].region) << row.name;
+      EXPECT_NEAR(all[i].t, row.states[i].t, 1e-5) << row.name;
+      EXPECT_NEAR(all[i].p, row.states[i].p, 1e-5 * row.states[i].p) << row.name;
+    }
+    const steam::Result one = steam::state(row.pair, row.first, row.second);
+    EXPECT_NEAR(one->t, all[0].t, 1e-9) << row.name;
+    EXPECT_NEAR(one->p, all[0].p, 1e-9 * all[0].p) << row.name;
+    EXPECT_EQ(one->several, all.size() > 1) << row.name;
+  }
+}
+
+}  // namespace

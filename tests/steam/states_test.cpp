@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "vek/steam.hpp"
+
+namespace {
+
+using steam::Pair;
+using steam::Property;
+using steam::Region;
+using steam::State;
+
+struct Check {
+  Pair pair;
+  double first, second;
+  Region region;
+  double v, h, s, cp;
+};
+
+/// Published and independently computed states; half a unit of the last digit given.
+TEST(States, CheckValues) {
+  const Check checks[]{
+      {Pair::pt, 1000, 20, Region::water, 0.0009616400666, 173.9921742, 0.2691727335, 3.968075256},
+      {Pair::pt, 100, 100, Region::water, 0.00103861063, 426.5035432, 1.299187284, 4.193881239},
+      {Pair::pt, 1, 200, Region::steam, 2.172328254, 2875.3573, 7.834945623, 1.978952289},
+      {Pair::pt, 100, 500, Region::steam, 0.03275978144, 3374.598243, 6.599444799, 2.546684806},
+      {Pair::pt, 10, 800, Region::steam, 0.4942962015, 4154.06288, 8.49965676, 2.343815168},
+      {Pair::tv, 360, 0.0018, Region::hot_water, 0.0018, 1734.319336, 3.86791493, 10.29811249},
+      {Pair::tv, 380, 0.0025, Region::dense_steam, 0.0025, 2002.917692, 4.273136652, 50.89796636},
+      {Pair::tv, 400, 0.006, Region::dense_steam, 0.006, 2580.75998, 5.143481903, 13.55834207},
+  };
+  for (const Check& check : checks) {
+    const steam::Result r = steam::state(check.pair, check.first, check.second);
+    ASSERT_TRUE(r);
+    EXPECT_EQ(r->region, check.region);
+    constexpr double digits = 6e-10;
+    EXPECT_NEAR(r->v, check.v, digits * check.v);
+    EXPECT_NEAR(r->h, check.h, digits * check.h);
+    EXPECT_NEAR(r->s, check.s, digits * check.s);
+    EXPECT_NEAR(r->cp, check.cp, digits * check.cp);
+  }
+}
+
+TEST(States, SaturationFromEitherSide) {
+  const steam::Result by_t = steam::saturation_by_temperature(100, 0.25);
+  ASSERT_TRUE(by_t);
+  EXPECT_STREQ(by_t->phase(), "wet steam");
+  EXPECT_NEAR(by_t->p, 1.01325262, 5e-9);
+  EXPECT_NEAR(by_t->saturated_liquid.h, 419.0646848, 5e-8);
+  EXPECT_NEAR(by_t->saturated_vapour.s, 7.355379554, 5e-10);
+  EXPECT_NEAR(by_t->h, 419.0646848 + 0.25 * (2676.008765 - 419.0646848), 1e-6);
+  EXPECT_NEAR(by_t->surface_tension, 0.0589, 1e-4);
+  EXPECT_TRUE(std::isnan(by_t->cp) && std::isnan(by_t->viscosity) &&
+              std::isnan(by_t->speed_of_sound));
+  const steam::Result by_p = steam::saturation_by_pressure(by_t->p, 0.25);
+  ASSERT_TRUE(by_p);
+  EXPECT_NEAR(by_p->t, 100, 1e-12);
+}
+
+TEST(States, PhasesInWords) {
+  const auto phase = [](double p, double t) {
+    return std::string(steam::state(Pair::pt, p, t)->phase());
+  };
+  EXPECT_EQ(phase(1, 20), "water");
+  EXPECT_EQ(phase(1, 200), "steam");
+  EXPECT_EQ(phase(250, 360), "water");
+  EXPECT_EQ(phase(180, 360), "steam");
+  EXPECT_EQ(phase(300, 400), "supercritical fluid");
+  EXPECT_EQ(phase(300, 700), "supercritical fluid");
+  EXPECT_EQ(phase(200, 400), "steam");
+}
+
+TEST(States, TransportPropertiesInEveryRegion) {
+  // Pr of steam is about 1, of cold water about 13, and peaks beside the critical point.
+  for (const auto& [p, t, low, high] :
+       std::initializer_list<std::array<double, 4>>{{1, 1, 12, 14},
+                                                    {1, 200, 0.9, 1.1},
+                                                    {250, 360, 1, 3},
+                                                    {250, 384, 3, 12},
+                                                    {500, 500, 1, 3}}) {
+    const double prandtl = steam::value(Pair::pt, p, t, Property::prandtl);
+    EXPECT_GT(prandtl, low) << p << ' ' << t;
+    EXPECT_LT(prandtl, high) << p << ' ' << t;
+  }
+}
+
+TEST(States, OfSinglePhasesHaveNoQualityAndNoSurface) {
+  const steam::Result r = steam::state(Pair::pt, 10, 100);
+  EXPECT_TRUE(std::isnan(r->x));
+  EXPECT_TRUE(std::isnan(r->surface_tension));
+  EXPECT_TRUE(std::isnan(r->saturated_liquid.h));
+}
+
+TEST(States, PropertiesAreTheSameHoweverTheyAreAskedFor) {
+  const steam::Result r = steam::state(Pair::ph, 30, 2000);
+  const Property wanted[]{Property::t, Property::x, Property::v, Property::s, Property::u};
+  std::array<double, 5> together{};
+  steam::values(Pair::ph, 30, 2000, wanted, together);
+  const std::array<double, 5> full{r->t, r->x, r->v, r->s, r->u};
+  for (std::size_t i = 0; i < full.size(); ++i) {
+    EXPECT_EQ(together[i], full[i]);
+    EXPECT_EQ(steam::value(Pair::ph, 30, 2000, wanted[i]), full[i]);
+  }
+}
+
+}  // namespace
