@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "steam/steam.hpp"
+#include "vek/steam.hpp"
 
 namespace steam {
 

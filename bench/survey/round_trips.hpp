@@ -34,6 +34,7 @@ double scale(char letter, double value);
 struct Trip {
   bool found = false;      ///< there is a state that is the original one
   bool preferred = false;  ///< and `steam::state` returns it
+  bool same = false;       ///< and it is not one from the other side of an overlap
   double pair_error = 0;   ///< of the given two values, by their scales
   double t_error = 0;      ///< K
   double p_error = 0;      ///< share

@@ -142,6 +142,7 @@ Trip round_trip(Pair pair, const State& original) {
   const char* letters = name(pair);
   trip.pair_error = std::fmax(std::abs(back.first - g.first) / scale(letters[0], g.first),
                               std::abs(back.second - g.second) / scale(letters[1], g.second));
+  trip.same = !are_in_overlap(found, original);
   trip.t_error = std::abs(found.t - original.t);
   trip.p_error = std::abs(found.p / original.p - 1);
   return trip;

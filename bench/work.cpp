@@ -1,0 +1,77 @@
+#include "work.hpp"
+
+#include "round_trips.hpp"
+
+namespace work {
+
+using steam::Pair;
+using steam::Property;
+using steam::Region;
+
+const std::vector<Task>& tasks() {
+  using P = Property;
+  static const std::vector<Task> all{
+      {"pt_h", Pair::pt, {P::h}},
+      {"pt_vhscp", Pair::pt, {P::v, P::h, P::s, P::cp}},
+      {"pt_transport", Pair::pt, {P::viscosity, P::conductivity}},
+      {"px_t", Pair::px, {P::t}},
+      {"tx_vhs", Pair::tx, {P::v, P::h, P::s}},
+      {"ph_t", Pair::ph, {P::t}},
+      {"ph_tsv", Pair::ph, {P::t, P::s, P::v}},
+      {"ps_h", Pair::ps, {P::h}},
+      {"pv_t", Pair::pv, {P::t}},
+      {"pu_t", Pair::pu, {P::t}},
+      {"tv_p", Pair::tv, {P::p}},
+      {"th_p", Pair::th, {P::p}},
+      {"ts_p", Pair::ts, {P::p}},
+      {"tu_p", Pair::tu, {P::p}},
+      {"hs_pt", Pair::hs, {P::p, P::t}},
+      {"vh_pt", Pair::vh, {P::p, P::t}},
+      {"vs_pt", Pair::vs, {P::p, P::t}},
+      {"vu_pt", Pair::vu, {P::p, P::t}},
+      {"us_pt", Pair::us, {P::p, P::t}},
+      {"sx_pt", Pair::sx, {P::p, P::t}},
+      {"vx_pt", Pair::vx, {P::p, P::t}},
+  };
+  return all;
+}
+
+bool applies(const Task& task, Region region) {
+  const bool is_wet = region == Region::wet || region == Region::wet_above_350;
+  const bool with_x = round_trips::name(task.pair)[1] == 'x';
+  return with_x ? is_wet : !(task.pair == Pair::pt && is_wet);
+}
+
+Rows rows(const Task& task, Region region, std::size_t count) {
+  std::mt19937_64 random(7);
+  Rows all;
+  while (all.first.size() < count) {
+    const auto g = round_trips::given(task.pair, round_trips::random_state(region, random));
+    // Of several states of a pair only the preferred one is searched.
+    if (steam::value(task.pair, g.first, g.second, Property::region) ==
+        static_cast<double>(region)) {
+      all.first.push_back(g.first);
+      all.second.push_back(g.second);
+    }
+  }
+  return all;
+}
+
+const char* name(Region region) {
+  switch (region) {
+    case Region::water:
+      return "1";
+    case Region::steam:
+      return "2";
+    case Region::dense_steam:
+      return "3";
+    case Region::hot_water:
+      return "4";
+    case Region::wet_above_350:
+      return "wet_above_350";
+    default:
+      return "wet";
+  }
+}
+
+}  // namespace work
