@@ -82,9 +82,9 @@ std::vector<double> targets(Pair pair, Region region, const Sample& s) {
   if (count == 1 && (steam::is_wet(region) || (k.first == Quantity::p && pair != Pair::pt))) {
     return {s.t};
   }
-  const double z = steam::is_3(region)       ? 1 / s.v
-                   : region == Region::water ? s.p
-                                             : std::pow(s.p, 0.25);
+  const double z = steam::is_3(region)                                        ? 1 / s.v
+                   : region == Region::water || !steam::gives_root_of_p(pair) ? s.p
+                                                                              : std::pow(s.p, 0.25);
   return count == 1 ? std::vector{z} : std::vector{z, s.t};
 }
 

@@ -63,7 +63,9 @@ bool are_in_overlap(const State& a, const State& b) {
   const bool at_line = a.t > 350 && b.t > 350 &&
                        (a.region == Region::steam) != (b.region == Region::steam) &&
                        std::abs(a.p / b.p - 1) < 0.06;
-  return !a.approximate && (at_350 || at_line);
+  // A wet state of hardly any vapour, or nothing else, and a single phase.
+  const bool at_saturation = std::isnan(a.x) != std::isnan(b.x) && std::abs(a.t - b.t) < 0.05;
+  return !a.approximate && (at_350 || at_line || at_saturation);
 }
 
 }  // namespace

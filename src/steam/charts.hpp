@@ -33,6 +33,14 @@ struct Axis {
   [[nodiscard]] double operator()(double value) const {
     return (spread(how, value) - origin) * scale;
   }
+  /// Derivative of the place in a cell, -1 to 1, over the quantity.
+  [[nodiscard]] double slope(double value) const {
+    if (how == Spread::even) {
+      return 2 * scale;
+    }
+    const double exponent = how == Spread::fourth_root ? 0.25 : -0.25;
+    return 2 * scale * exponent * spread(how, value) / value;
+  }
 };
 
 /// What one region has in one cell: the number where its coefficients begin.
@@ -62,6 +70,14 @@ struct Place {
     };
     return c(0) + x * (c(1) + x * (c(3) + x * c(6))) +
            y * ((c(2) + x * (c(4) + x * c(7))) + y * ((c(5) + x * c(8)) + y * c(9)));
+  }
+
+  /// Derivative of the same over y.
+  [[nodiscard]] double over_y(const Patch& patch, int index) const {
+    const auto c = [begin = coefficients + 10 * (patch.polynomials + index)](int i) {
+      return static_cast<double>(begin[i]);
+    };
+    return (c(2) + x * (c(4) + x * c(7))) + y * (2 * (c(5) + x * c(8)) + y * 3 * c(9));
   }
 };
 
@@ -101,7 +117,9 @@ constexpr int unknowns(Pair pair, Region region) {
 }
 
 // What the polynomials give, in this order where there are two.
-//   water: p as it is; steam: fourth root of p; subregion 3: density; then t, always as it is.
+//   water: p as it is; steam: fourth root of p, but p itself where the other value tends to that of
+//   the ideal gas in proportion to p; subregion 3: density; then t, always as it is.
+constexpr bool gives_root_of_p(Pair pair) { return pair != Pair::th && pair != Pair::tu; }
 
 /// Charts by pair; those with x have none.
 extern const std::array<Chart, pair_count> charts;

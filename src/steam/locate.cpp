@@ -10,6 +10,24 @@ namespace {
 // ---- One region at a time: iterate from a start and see whether the result belongs there.
 // --------
 
+/// Brings a start to the solution in one subregion's equation.
+template <Pair P, class Equation>
+bool solve(double a, double b, Start& start) {
+  using System = newton::System<P, Equation>;
+  if constexpr (System::gives_z) {
+    start.x.z = newton::is_first_variable<known_of(P).first, Equation> ? a : b;
+  }
+  if constexpr (System::gives_t) {
+    start.x.t = a;
+  }
+  if constexpr (is_single<P, Equation>) {
+    if (start.slope != 0 && refine_by_secant<P, Equation>(a, b, start)) {
+      return true;
+    }
+  }
+  return refine<P, Equation>(a, b, start.x);
+}
+
 /// Water below this may lie around its density maximum.
 constexpr double t_cold = 15;  // °C
 
@@ -35,25 +53,26 @@ bool is_preferred(Variables x) {
 }
 
 template <Pair P>
-Site search_water(double a, double b, Variables start) {
-  return refine<P, Water>(a, b, start) && is_preferred<P>(start) ? claim_water(start) : Site{};
+Site search_water(double a, double b, Start start) {
+  return solve<P, Water>(a, b, start) && is_preferred<P>(start.x) ? claim_water(start.x) : Site{};
 }
 
 template <Pair P>
-Site search_steam(double a, double b, Variables start) {
-  return refine<P, Steam>(a, b, start) ? claim_steam(start) : Site{};
+Site search_steam(double a, double b, Start start) {
+  return solve<P, Steam>(a, b, start) ? claim_steam(start.x) : Site{};
 }
 
 template <Pair P>
-Site search_dense(double a, double b, Variables start) {
+Site search_dense(double a, double b, Start start) {
   constexpr Known k = known_of(P);
   if constexpr (P == Pair::tv) {
-    start = {b, a};
-  } else if (!refine<P, Dense>(a, b, start)) {
+    start.x = {b, a};
+  } else if (!solve<P, Dense>(a, b, start)) {
     return {};
   }
-  const double p = k.first == Quantity::p ? a : pressure3(Dense::terms(start.z, start.t));
-  return claim_dense(start, p);
+  const Variables x = start.x;
+  const double p = k.first == Quantity::p ? a : pressure3(Dense::terms(x.z, x.t));
+  return claim_dense(x, p);
 }
 
 /// Share of the way from liquid to vapour that the table of saturated states may be wrong by.
@@ -93,30 +112,41 @@ constexpr double fourth_power(double x) { return (x * x) * (x * x); }
 
 /// What the polynomials of a patch say.
 template <Pair P>
-Variables start_in(const Place& here, const Patch& patch) {
+Start start_in(const Place& here, const Patch& patch, double b) {
   const int count = unknowns(P, patch.region);
-  Variables x{0, 0};
   if (count == 0) {
-    return x;
+    return {};
   }
-  const double first = here(patch, 0);
   constexpr Known k = known_of(P);
-  const bool t_alone = is_wet(patch.region) || k.first == Quantity::p;
-  if (count == 1 && t_alone) {
-    x.t = first;
-    return x;
-  }
-  x.z = is_3(patch.region)              ? 1 / first
-        : patch.region == Region::steam ? fourth_power(first)
-                                        : first;
+  const double first = here(patch, 0);
   if (count == 2) {
-    x.t = here(patch, 1);
+    const double z = is_3(patch.region)              ? 1 / first
+                     : patch.region == Region::steam ? fourth_power(first)
+                                                     : first;
+    return {{z, here(patch, 1)}};
   }
-  return x;
+  if (is_wet(patch.region)) {
+    return {{0, first}};
+  }
+  constexpr bool line = k.first == Quantity::p || k.first == Quantity::t;
+  const double over_b =
+      line ? here.over_y(patch, 0) * charts[static_cast<std::size_t>(P)].second.slope(b) : 0;
+  if (k.first == Quantity::p) {
+    // In subregion 3 the volume is a variable, and the pressure what is to be met.
+    const bool known_slope = !(is_3(patch.region) && k.second == Quantity::v);
+    return {{0, first}, known_slope ? over_b : 0};
+  }
+  if (is_3(patch.region)) {
+    return {{1 / first, 0}, -over_b / (first * first)};
+  }
+  if (patch.region == Region::steam && gives_root_of_p(P)) {
+    return {{fourth_power(first), 0}, 4 * first * first * first * over_b};
+  }
+  return {{first, 0}, over_b};
 }
 
 template <Pair P>
-Site search(Region region, double a, double b, Variables start) {
+Site search(Region region, double a, double b, const Start& start) {
   switch (region) {
     case Region::water:
       return search_water<P>(a, b, start);
@@ -124,7 +154,7 @@ Site search(Region region, double a, double b, Variables start) {
       return search_steam<P>(a, b, start);
     case Region::wet:
     case Region::wet_above_350:
-      return search_wet<P>(a, b, start.t, region);
+      return search_wet<P>(a, b, start.x.t, region);
     default:
       return search_dense<P>(a, b, start);
   }
@@ -154,7 +184,7 @@ bool may_overlap(const Site& site, Overlap widest) {
 template <Pair P>
 Site preferred(const Site& site, double a, double b) {
   for (const Region region : {Region::water, Region::steam, Region::wet}) {
-    const Site other = search<P>(region, a, b, {site.p, site.t});
+    const Site other = search<P>(region, a, b, {{site.p, site.t}});
     if (other && std::abs(other.t - site.t) < 2 * overlap<P>.kelvins) {
       return other;
     }
@@ -168,11 +198,11 @@ template <Pair P>
 Site preferred_to_wet(const Site& site, double a, double b) {
   constexpr double beside = 1e-3;
   if (site.x < beside) {
-    const Site water = search<P>(Region::water, a, b, {site.p, site.t});
+    const Site water = search<P>(Region::water, a, b, {{site.p, site.t}});
     return water ? water : site;
   }
   if (site.x > 1 - beside) {
-    const Site steam = search<P>(Region::steam, a, b, {site.p, site.t});
+    const Site steam = search<P>(Region::steam, a, b, {{site.p, site.t}});
     return steam ? steam : site;
   }
   return site;
@@ -211,7 +241,7 @@ bool is_plausible(Region region, Variables start, double a, double b) {
 }
 
 template <Pair P>
-Site attempt(Region region, double a, double b, Variables start) {
+Site attempt(Region region, double a, double b, const Start& start) {
   const Site site = search<P>(region, a, b, start);
   if (!site) {
     return site;
@@ -230,12 +260,12 @@ Site quick_search(double a, double b) {
   const Place here = place(charts[static_cast<std::size_t>(P)], a, b);
   if (here.patches.size() == 1) {
     const Patch& patch = here.patches[0];
-    return attempt<P>(patch.region, a, b, start_in<P>(here, patch));
+    return attempt<P>(patch.region, a, b, start_in<P>(here, patch, b));
   }
   for (const bool plausible : {true, false}) {
     for (const Patch& patch : here.patches) {
-      const Variables start = start_in<P>(here, patch);
-      if (is_plausible<P>(patch.region, start, a, b) != plausible) {
+      const Start start = start_in<P>(here, patch, b);
+      if (is_plausible<P>(patch.region, start.x, a, b) != plausible) {
         continue;
       }
       const Site site = attempt<P>(patch.region, a, b, start);

@@ -43,8 +43,7 @@ double bracketed_root(F&& f, double a, double b, double f_a, double small_step =
 /// between neighbouring points of a subdivision.
 /// @param found  called with each root, in the order from a to b
 template <class F, class Found>
-void all_roots(F&& f, double a, double b, Found&& found) {
-  constexpr int parts = 12;
+void all_roots(F&& f, double a, double b, Found&& found, int parts = 12) {
   double left = a;
   Slope at_left = f(a);
   if (at_left.value == 0) {

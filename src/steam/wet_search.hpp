@@ -103,7 +103,7 @@ Site wet_search(double a, double b, double t, Region region) {
 
 /// Wet states of a given quality and volume or entropy, from the highest temperature down.
 struct WetStates {
-  static constexpr int capacity = 4;
+  static constexpr int capacity = 6;
   Site sites[capacity];
   int count = 0;
 };

@@ -55,6 +55,12 @@ struct Target {
   }
 };
 
+/// Cells at whose sides differences say little: next to the critical point, where the quantity may
+/// turn twice in one, and beside 350 °C, where it jumps.
+constexpr bool is_special(int i) {
+  return i < 2 || i == saturated_cells_above_350 - 1 || i == saturated_cells_above_350;
+}
+
 class Scan {
  public:
   Scan(Target target, int most, WetStates& states)
@@ -68,11 +74,13 @@ class Scan {
       const double f_after = target_.at_node(std::min(i + 2, saturated_table.cells));
       // Beside an extremum the value may lie a little beyond the sides.
       const double rise = f_right - f_left;
-      const bool turns = (f_left - f_before) * rise <= 0 || (f_after - f_right) * rise <= 0;
+      const bool turns =
+          is_special(i) || (f_left - f_before) * rise <= 0 || (f_after - f_right) * rise <= 0;
       const double reach =
           std::abs(f_left - f_before) + std::abs(rise) + std::abs(f_after - f_right);
       const double smaller = std::min(std::abs(f_left), std::abs(f_right));
-      if (f_left * f_right <= 0 || smaller <= node_error() || (turns && smaller <= reach)) {
+      if (f_left * f_right <= 0 || smaller <= node_error() ||
+          (turns && smaller <= reach + (is_special(i) ? misfit() : 0))) {
         i < saturated_cells_above_350 ? cell<HighSaturation>(i, turns)
                                       : cell<LowSaturation>(i, turns);
       }
@@ -128,24 +136,19 @@ class Scan {
   /// All solutions in a cell, by the equations and brackets.
   template <class F>
   void solve(const F& f, double t_low, double t_high) {
-    const Slope at_high = f(t_high);
-    const Slope at_low = f(t_low);
-    if (std::abs(at_high.value) <= rounding() || std::abs(at_low.value) <= rounding()) {
-      add(std::abs(at_high.value) <= rounding() ? t_high : t_low);
-    }
-    if (at_high.value * at_low.value < 0) {
-      add(bracketed_root(f, t_high, t_low, at_high.value));
-    } else if (at_high.derivative * at_low.derivative < 0) {
-      const auto derivative = [&f](double t) { return Slope{f(t).derivative, 0}; };
-      const double top = bracketed_root(derivative, t_high, t_low, at_high.derivative);
-      const double f_top = f(top).value;
-      if (std::abs(f_top) <= rounding()) {
-        add(top);
-      } else if (f_top * at_high.value < 0) {
-        add(bracketed_root(f, t_high, top, at_high.value));
-        add(bracketed_root(f, top, t_low, f_top));
+    for (const double end : {t_high, t_low}) {
+      if (std::abs(f(end).value) <= rounding()) {
+        add(end);
       }
     }
+    constexpr int parts = 5;
+    all_roots(
+        f, t_high, t_low, [this](double t) { add(t); }, parts);
+  }
+
+  /// By how much the subregions may miss each other at 350 °C.
+  [[nodiscard]] double misfit() const {
+    return target_.q == Quantity::s ? 1e-3 : 2e-3 * target_.value;
   }
 
   [[nodiscard]] double rounding() const {
@@ -154,8 +157,7 @@ class Scan {
 
   /// A value that neither side of 350 °C reaches: the states there miss each other slightly.
   void close_gap() {
-    const double misfit = target_.q == Quantity::s ? 1e-3 : 2e-3 * target_.value;
-    if (std::abs(target_.at_node(saturated_cells_above_350)) < misfit) {
+    if (std::abs(target_.at_node(saturated_cells_above_350)) < misfit()) {
       add(t_350);
       states_.sites[0].approximate = states_.count > 0;
     }
