@@ -21,8 +21,10 @@ bool is_core(void* function) {
 
 }  // namespace
 
+// NOLINTBEGIN(bugprone-reserved-identifier): the compiler calls these
 extern "C" void __cyg_profile_func_enter(void* function, void*) { count += is_core(function); }
 extern "C" void __cyg_profile_func_exit(void*, void*) {}
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 

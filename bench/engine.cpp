@@ -33,7 +33,7 @@ void report(benchmark::State& state) {
 void single(benchmark::State& state, const Task& task, Region region) {
   const work::Rows rows = work::rows(task, region, row_count);
   std::array<double, 8> out{};
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {  // NOLINT(clang-analyzer-deadcode.DeadStores)
     for (std::size_t i = 0; i < row_count; ++i) {
       steam::values(task.pair, rows.first[i], rows.second[i], task.wanted, out);
       benchmark::DoNotOptimize(out);
@@ -47,7 +47,7 @@ void batch(benchmark::State& state, const Task& task, Region region, unsigned th
   std::vector<std::vector<double>> columns(task.wanted.size(), std::vector<double>(row_count));
   const std::vector<std::span<double>> outputs(columns.begin(), columns.end());
   const steam::Options options{.threads = threads};
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {  // NOLINT(clang-analyzer-deadcode.DeadStores)
     steam::evaluate(task.pair, rows.first, rows.second, task.wanted, outputs, {}, options);
     benchmark::ClobberMemory();
   }
@@ -64,7 +64,7 @@ VekFinder finder_of(const Task& task) { return finders[static_cast<std::size_t>(
 void classic(benchmark::State& state, const Task& task, Region region) {
   const work::Rows rows = work::rows(task, region, row_count);
   double tolerance = 1e-8;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {  // NOLINT(clang-analyzer-deadcode.DeadStores)
     for (std::size_t i = 0; i < row_count; ++i) {
       double a = rows.first[i];
       double b = rows.second[i];

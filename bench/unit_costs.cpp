@@ -34,9 +34,10 @@ double cost(const std::vector<double>& arguments, F f) {
 }
 
 std::vector<double> between(double a, double b) {
-  std::vector<double> all;
-  for (int i = 0; i < 2000; ++i) {
-    all.push_back(a + (b - a) * ((i * 617) % 2000) / 2000);
+  constexpr int count = 2000, stride = 617;  // out of order
+  std::vector<double> all(count);
+  for (int i = 0; i < count; ++i) {
+    all[static_cast<std::size_t>(i)] = a + (b - a) * (i * stride % count) / count;
   }
   return all;
 }

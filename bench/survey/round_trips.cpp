@@ -70,34 +70,42 @@ bool are_in_overlap(const State& a, const State& b) {
 
 }  // namespace
 
+namespace {
+
+State random_wet(Region region, std::mt19937_64& random) {
+  const double t = region == Region::wet ? between(0.01, 350, random) : between(350, 374.1, random);
+  const double x = between(0, 1, random);
+  return *steam::state(Pair::tx, t, random() % 3 == 0 ? x * x * x : x);
+}
+
+State random_water(std::mt19937_64& random) {
+  const double t = between(0.01, 350, random);
+  return *steam::state(Pair::pt, pressure_between(saturation(t), p_highest, random), t);
+}
+
+/// Of subregion 3, many below the critical temperature.
+State random_dense(Region region, std::mt19937_64& random) {
+  const bool cool = region == Region::hot_water || random() % 4 == 0;
+  const double t = between(350, cool ? 374.15 : 590, random);
+  // Half of the vapours in the narrow part between the boundary line and the saturation line.
+  const bool narrow = region == Region::dense_steam && t < 374.15 && random() % 2 == 0;
+  const double p = between(line_pressure(t), narrow ? saturation(t) : p_highest, random);
+  return *steam::state(Pair::pt, p, t);
+}
+
+}  // namespace
+
 State random_state(Region region, std::mt19937_64& random) {
   if (region == Region::wet || region == Region::wet_above_350) {
-    const double t =
-        region == Region::wet ? between(0.01, 350, random) : between(350, 374.1, random);
-    const double x = between(0, 1, random);
-    return *steam::state(Pair::tx, t, random() % 3 == 0 ? x * x * x : x);
+    return random_wet(region, random);
   }
-  for (;;) {
-    State s;
-    if (region == Region::water) {
-      const double t = between(0.01, 350, random);
-      s = *steam::state(Pair::pt, pressure_between(saturation(t), p_highest, random), t);
-    } else if (region == Region::steam) {
-      s = random_steam(random);
-    } else {
-      const double t = region == Region::hot_water || random() % 4 == 0
-                           ? between(350, 374.15, random)
-                           : between(350, 590, random);
-      s = *steam::state(Pair::pt, between(line_pressure(t), p_highest, random), t);
-      // The narrow part between the boundary line and the saturation line.
-      if (region == Region::dense_steam && t < 374.15 && random() % 2 == 0) {
-        s = *steam::state(Pair::pt, between(line_pressure(t), saturation(t), random), t);
-      }
-    }
-    if (s.region == region) {
-      return s;
-    }
+  State s;
+  while (s.region != region) {
+    s = region == Region::water   ? random_water(random)
+        : region == Region::steam ? random_steam(random)
+                                  : random_dense(region, random);
   }
+  return s;
 }
 
 Given given(Pair pair, const State& state) {

@@ -63,20 +63,24 @@ struct Place {
   const float* coefficients = nullptr;
   double x = 0, y = 0;
 
-  /// Value of polynomial number `index` of a patch.
-  [[nodiscard]] double operator()(const Patch& patch, int index) const {
-    const auto c = [begin = coefficients + 10 * (patch.polynomials + index)](int i) {
+  /// The coefficients of polynomial number `index` of a patch.
+  [[nodiscard]] auto of(const Patch& patch, int index) const {
+    const auto number = static_cast<std::size_t>(patch.polynomials + index);
+    return [begin = coefficients + 10 * number](std::size_t i) {
       return static_cast<double>(begin[i]);
     };
+  }
+
+  /// Its value.
+  [[nodiscard]] double operator()(const Patch& patch, int index) const {
+    const auto c = of(patch, index);
     return c(0) + x * (c(1) + x * (c(3) + x * c(6))) +
            y * ((c(2) + x * (c(4) + x * c(7))) + y * ((c(5) + x * c(8)) + y * c(9)));
   }
 
-  /// Derivative of the same over y.
+  /// Its derivative over y.
   [[nodiscard]] double over_y(const Patch& patch, int index) const {
-    const auto c = [begin = coefficients + 10 * (patch.polynomials + index)](int i) {
-      return static_cast<double>(begin[i]);
-    };
+    const auto c = of(patch, index);
     return (c(2) + x * (c(4) + x * c(7))) + y * (2 * (c(5) + x * c(8)) + y * 3 * c(9));
   }
 };
@@ -98,22 +102,31 @@ inline Place place(const Chart& chart, double first, double second) {
           2 * (j - row) - 1};
 }
 
+/// Whether a pair gives a pressure or a temperature, and leaves one variable open in most regions.
+constexpr bool is_line(Pair pair) {
+  const Quantity first = known_of(pair).first;
+  return first == Quantity::p || first == Quantity::t;
+}
+
+/// Number of polynomials in subregion 3, whose equation takes v and t.
+constexpr int unknowns_3(Pair pair) {
+  const Known& k = known_of(pair);
+  if (k.first == Quantity::t || pair == Pair::pt) {
+    return k.second == Quantity::v ? 0 : 1;
+  }
+  return k.second == Quantity::v ? 1 : 2;
+}
+
 /// Number of polynomials a patch has: one for each variable of the region's equation that the pair
 /// does not give. In wet cells the temperature, unless it follows from the pair.
 constexpr int unknowns(Pair pair, Region region) {
-  const Known& k = known_of(pair);
-  const bool has_p = k.first == Quantity::p;
-  const bool has_t = k.first == Quantity::t;
-  if (pair == Pair::pt) {
-    return is_3(region) ? 1 : 0;
+  if (is_3(region)) {
+    return unknowns_3(pair);
   }
   if (is_wet(region)) {
-    return has_p || has_t ? 0 : 1;
+    return is_line(pair) ? 0 : 1;
   }
-  if (is_3(region)) {
-    return has_t ? (k.second == Quantity::v ? 0 : 1) : (k.second == Quantity::v ? 1 : 2);
-  }
-  return has_p || has_t ? 1 : 2;
+  return pair == Pair::pt ? 0 : is_line(pair) ? 1 : 2;
 }
 
 // What the polynomials give, in this order where there are two.

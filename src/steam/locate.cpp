@@ -110,6 +110,22 @@ Site search_wet(double a, double b, double t_start, Region region) {
 
 constexpr double fourth_power(double x) { return (x * x) * (x * x); }
 
+/// Variable z of a region's equation, p or v, with its derivative, from what a polynomial gives.
+struct FromPolynomial {
+  double z, slope;
+};
+template <Pair P>
+FromPolynomial from_polynomial(Region region, double value, double slope) {
+  if (is_3(region)) {
+    return {1 / value, -slope / (value * value)};
+  }
+  // With two unknowns the roots of p are used in every pair.
+  if (region == Region::steam && (gives_root_of_p(P) || !is_line(P))) {
+    return {fourth_power(value), 4 * value * value * value * slope};
+  }
+  return {value, slope};
+}
+
 /// What the polynomials of a patch say.
 template <Pair P>
 Start start_in(const Place& here, const Patch& patch, double b) {
@@ -120,29 +136,19 @@ Start start_in(const Place& here, const Patch& patch, double b) {
   constexpr Known k = known_of(P);
   const double first = here(patch, 0);
   if (count == 2) {
-    const double z = is_3(patch.region)              ? 1 / first
-                     : patch.region == Region::steam ? fourth_power(first)
-                                                     : first;
-    return {{z, here(patch, 1)}};
+    return {{from_polynomial<P>(patch.region, first, 0).z, here(patch, 1)}};
   }
-  if (is_wet(patch.region)) {
+  if (is_wet(patch.region) || !is_line(P)) {
     return {{0, first}};
   }
-  constexpr bool line = k.first == Quantity::p || k.first == Quantity::t;
-  const double over_b =
-      line ? here.over_y(patch, 0) * charts[static_cast<std::size_t>(P)].second.slope(b) : 0;
+  const double over_b = here.over_y(patch, 0) * charts[static_cast<std::size_t>(P)].second.slope(b);
   if (k.first == Quantity::p) {
     // In subregion 3 the volume is a variable, and the pressure what is to be met.
     const bool known_slope = !(is_3(patch.region) && k.second == Quantity::v);
     return {{0, first}, known_slope ? over_b : 0};
   }
-  if (is_3(patch.region)) {
-    return {{1 / first, 0}, -over_b / (first * first)};
-  }
-  if (patch.region == Region::steam && gives_root_of_p(P)) {
-    return {{fourth_power(first), 0}, 4 * first * first * first * over_b};
-  }
-  return {{first, 0}, over_b};
+  const auto [z, slope] = from_polynomial<P>(patch.region, first, over_b);
+  return {{z, 0}, slope};
 }
 
 template <Pair P>
@@ -208,36 +214,46 @@ Site preferred_to_wet(const Site& site, double a, double b) {
   return site;
 }
 
+template <Pair P>
+bool is_plausibly_wet(Region region, double t, double a, double b) {
+  constexpr Known k = known_of(P);
+  const Ends ends = RoughSaturation(t).ends < is_line(P) ? k.second : k.first > ().value;
+  const double x = ends.quality(is_line(P) ? b : a);
+  return x >= 0 && x <= 1 && (t <= t_350) == (region == Region::wet);
+}
+
+inline bool is_plausibly_dense(double v, double t) {
+  if (t < t_350 || t > t_line_end) {
+    return false;
+  }
+  const SaturatedVolumes saturated = rough_saturated_volumes(t);
+  return t >= t_critical || v < saturated.liquid || v > saturated.vapour;
+}
+
+/// In subregion 1 or 2.
+inline bool is_plausible_at(Region region, double p, double t) {
+  if (t > t_350) {
+    return region == Region::steam && (t > t_line_end || p <= line_pressure(t));
+  }
+  return (p >= fourth_power(saturation_root_p(t))) == (region == Region::water);
+}
+
 /// Whether a start lies in its region, as far as the tables know. Only the order of the attempts
 /// depends on it.
 template <Pair P>
 bool is_plausible(Region region, Variables start, double a, double b) {
   constexpr Known k = known_of(P);
-  constexpr bool line = k.first == Quantity::p || k.first == Quantity::t;
-  if (is_wet(region)) {
-    const double t = k.first == Quantity::t   ? a
-                     : k.first == Quantity::p ? saturation_t(std::sqrt(std::sqrt(a)))
-                                              : start.t;
-    const double x = RoughSaturation(t).ends < k.first == Quantity::p || k.first == Quantity::t
-                         ? k.second
-                         : k.first > ().value.quality(line ? b : a);
-    return x >= 0 && x <= 1 && (t <= t_350) == (region == Region::wet);
+  if (is_wet(region) && k.first == Quantity::p) {
+    return is_plausibly_wet<P>(region, saturation_t(std::sqrt(std::sqrt(a))), a, b);
   }
   const double t = k.first == Quantity::t ? a : start.t;
+  if (is_wet(region)) {
+    return is_plausibly_wet<P>(region, t, a, b);
+  }
   if (is_3(region)) {
-    if (t < t_350 || t > t_line_end) {
-      return false;
-    }
-    const double v = k.second == Quantity::v ? b : start.z;
-    const SaturatedVolumes saturated = rough_saturated_volumes(t);
-    return t >= t_critical || v < saturated.liquid || v > saturated.vapour;
+    return is_plausibly_dense(k.second == Quantity::v ? b : start.z, t);
   }
-  const double p = k.first == Quantity::p ? a : start.z;
-  if (t > t_350) {
-    return region == Region::steam && (t > t_line_end || p <= line_pressure(t));
-  }
-  const double root = saturation_root_p(t);
-  return (p >= fourth_power(root)) == (region == Region::water);
+  return is_plausible_at(region, k.first == Quantity::p ? a : start.z, t);
 }
 
 template <Pair P>

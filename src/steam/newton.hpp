@@ -102,6 +102,12 @@ constexpr bool is_noise(Quantity q, double residual, double value) {
   return std::abs(residual) <= absolute + relative * std::abs(value);
 }
 
+/// Where the properties hardly depend on a variable its steps never get small; then this ends them.
+template <Pair P>
+bool are_noise(Residuals r, double a, double b) {
+  return is_noise(known_of(P).first, r.first, a) && is_noise(known_of(P).second, r.second, b);
+}
+
 /// Size of a step in its own variables, at least that of its larger part.
 template <class Equation>
 double relative_size(Variables step, Variables x) {
@@ -160,18 +166,10 @@ bool refine_by_secant(double a, double b, Start& start) {
 template <Pair P, class Equation>
 bool refine(double a, double b, Variables& x) {
   using System = newton::System<P, Equation>;
-  constexpr Known k = known_of(P);
-  if constexpr (System::gives_z) {
-    x.z = newton::is_first_variable<k.first, Equation> ? a : b;
-  }
-  if constexpr (System::gives_t) {
-    x.t = a;
-  }
   for (int n = 0; n < newton::most_steps; ++n) {
     const newton::Matrix slopes = System::matrix(x);
     const newton::Residuals r = System::residuals(slopes, a, b);
-    // Where the properties hardly depend on a variable its steps never get small.
-    if (n > 1 && newton::is_noise(k.first, r.first, a) && newton::is_noise(k.second, r.second, b)) {
+    if (n > 1 && newton::are_noise<P>(r, a, b)) {
       return true;
     }
     const Variables full = System::step(slopes, r);

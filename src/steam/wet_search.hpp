@@ -53,6 +53,30 @@ double rough_search(double a, double b, double t, double t_low, double t_high) {
 
 }  // namespace wet
 
+namespace wet {
+
+/// Whether the table's solution may be one of the wet region.
+inline bool is_promising(Excess e, Slopes slope) {
+  constexpr double doubt_x = 0.01, doubt_t = 2;
+  return std::abs(e.x - 0.5) < 0.5 + doubt_x &&
+         std::abs(e.value) < doubt_t * std::abs(slope.excess);
+}
+
+/// One evaluation of the iteration.
+struct Step {
+  double value, x, step;
+};
+
+/// The slope from the last two evaluations, unless they are too close together.
+inline double improved(double slope, Step last, double value) {
+  constexpr double least_secant = 1e-5;  // K
+  return std::abs(last.step) > least_secant && std::isfinite(last.step)
+             ? (value - last.value) / last.step
+             : slope;
+}
+
+}  // namespace wet
+
 /// Wet state of two properties that both depend on temperature and quality: an iteration in the
 /// saturation temperature, in which the first property gives the quality. The equations give the
 /// excess, the table of saturated states the slope.
@@ -68,35 +92,27 @@ Site wet_search(double a, double b, double t, Region region) {
   const RoughSaturation rough(t);
   const SlopedEnds first = rough.ends<A>();
   const SlopedEnds second = rough.ends<B>();
-  const auto [rough_value, rough_x] = wet::excess(first.value, second.value, a, b);
-  wet::Slopes slope = wet::slopes(first, second, rough_x);
-  constexpr double doubt_x = 0.01, doubt_t = 2;
-  if (!(std::abs(rough_x - 0.5) < 0.5 + doubt_x) ||
-      !(std::abs(rough_value) < doubt_t * std::abs(slope.excess))) {
+  const wet::Excess start = wet::excess(first.value, second.value, a, b);
+  wet::Slopes slope = wet::slopes(first, second, start.x);
+  if (!wet::is_promising(start, slope)) {
     return {};
   }
-  double last_step = HUGE_VAL;
-  double last_value = 0;
+  const double small_step = low ? 2e-9 : 2e-10;  // K; the slope is good to about 1e-3
+  wet::Step last{0, 0, HUGE_VAL};
   constexpr int most_steps = 12;
   for (int n = 0; n < most_steps; ++n) {
     const Saturation saturation(t, saturation_pressure(t));
     const auto [value, x] =
         wet::excess(saturation.template ends<A>(), saturation.template ends<B>(), a, b);
-    if (n > 0 && std::abs(last_step) > 1e-5) {
-      slope.excess = (value - last_value) / last_step;
-    }
-    const double step = wet::limited(-value / slope.excess);
-    if (!std::isfinite(step) || !(x > -0.5 && x < 1.5)) {
+    slope.excess = wet::improved(slope.excess, last, value);
+    last = {value, x, wet::limited(-value / slope.excess)};
+    if (!std::isfinite(last.step) || !(std::abs(x - 0.5) < 1)) {
       return {};
     }
-    t = std::fmin(std::fmax(t + step, t_low), t_high);
-    // The slope is good to about 1e-3.
-    constexpr double small_step = 2e-9;  // K
-    if (std::abs(step) <= small_step * (low ? 1 : 0.1)) {
-      return {.region = region, .p = saturation_pressure(t), .t = t, .x = x + slope.x * step};
+    t = std::fmin(std::fmax(t + last.step, t_low), t_high);
+    if (std::abs(last.step) <= small_step) {
+      return {.region = region, .p = saturation_pressure(t), .t = t, .x = x + slope.x * last.step};
     }
-    last_step = step;
-    last_value = value;
   }
   return {};
 }

@@ -48,26 +48,37 @@ Slopes differences(const State& s) {
           over_t(Property::v), over_t(Property::h)};
 }
 
+constexpr double difference_error = 2e-4;
+
+/// Relations between the state's own properties.
+void check_definitions(const State& s) {
+  EXPECT_NEAR(s.h, s.u + 100 * s.p * s.v, 1e-12 * s.h + 1e-12);
+  EXPECT_DOUBLE_EQ(s.density * s.v, 1);
+  EXPECT_NEAR(s.isentropic_exponent, s.speed_of_sound * s.speed_of_sound / (1e5 * s.p * s.v),
+              1e-12 * s.isentropic_exponent);
+  EXPECT_NEAR(s.prandtl, 1000 * s.viscosity * s.cp / s.conductivity, 1e-12 * s.prandtl);
+}
+
+/// Derivatives against differences.
+void check_derivatives(const State& s) {
+  const Slopes d = differences(s);
+  const double T = s.t + kelvin;
+  EXPECT_NEAR(s.cp, d.h_t, difference_error * s.cp);
+  EXPECT_NEAR(s.cp - s.cv, -100 * T * d.v_t * d.v_t / d.v_p, difference_error * s.cp);
+  // (∂v/∂p)s = (∂v/∂p)t + T (∂v/∂t)²/cp
+  const double v_p_s = d.v_p + 100 * T * d.v_t * d.v_t / s.cp;
+  EXPECT_NEAR(s.speed_of_sound, std::sqrt(-s.v * s.v / v_p_s * 1e5),
+              difference_error * s.speed_of_sound);
+}
+
 TEST(Identities, OfOnePhase) {
   std::mt19937_64 random(3);
-  constexpr double difference_error = 2e-4;
   for (const Region region : round_trips::regions) {
     for (int i = 0; i < 100 && !is_wet(region); ++i) {
       const State s = inner_state(region, random);
-      const Slopes d = differences(s);
-      const double T = s.t + kelvin;
       SCOPED_TRACE(testing::Message() << "p " << s.p << " t " << s.t);
-      EXPECT_NEAR(s.h, s.u + 100 * s.p * s.v, 1e-12 * s.h + 1e-12);
-      EXPECT_DOUBLE_EQ(s.density * s.v, 1);
-      EXPECT_NEAR(s.cp, d.h_t, difference_error * s.cp);
-      EXPECT_NEAR(s.cp - s.cv, -100 * T * d.v_t * d.v_t / d.v_p, difference_error * s.cp);
-      // (∂v/∂p)s = (∂v/∂p)t + T (∂v/∂t)²/cp
-      const double v_p_s = d.v_p + 100 * T * d.v_t * d.v_t / s.cp;
-      EXPECT_NEAR(s.speed_of_sound, std::sqrt(-s.v * s.v / v_p_s * 1e5),
-                  difference_error * s.speed_of_sound);
-      EXPECT_NEAR(s.isentropic_exponent, s.speed_of_sound * s.speed_of_sound / (1e5 * s.p * s.v),
-                  1e-12 * s.isentropic_exponent);
-      EXPECT_NEAR(s.prandtl, 1000 * s.viscosity * s.cp / s.conductivity, 1e-12 * s.prandtl);
+      check_definitions(s);
+      check_derivatives(s);
     }
   }
 }
@@ -85,20 +96,24 @@ TEST(Identities, SpeedOfSoundIsThatOfAnIsentrope) {
 }
 
 /// The saturation line is an equation of its own: the subregions meet Clapeyron's to this.
+void check_clapeyron(double t) {
+  const State s = *steam::saturation_by_temperature(t);
+  const double dt = 1e-3;
+  const double slope =
+      (steam::saturation_by_temperature(t + dt)->p - steam::saturation_by_temperature(t - dt)->p) /
+      (2 * dt);
+  const double latent = s.saturated_vapour.h - s.saturated_liquid.h;
+  const double dv = s.saturated_vapour.v - s.saturated_liquid.v;
+  const double consistency = t < 320 ? 2e-3 : t < 345 ? 5e-3 : 2e-2;
+  EXPECT_NEAR(100 * slope * dv * (t + kelvin), latent, consistency * latent) << t;
+  EXPECT_NEAR((s.saturated_vapour.s - s.saturated_liquid.s) * (t + kelvin), latent,
+              consistency * latent)
+      << t;
+}
+
 TEST(Identities, ClapeyronAlongSaturation) {
-  for (double t = 5; t < 372; t += 3) {
-    const State s = *steam::saturation_by_temperature(t);
-    const double dt = 1e-3;
-    const double slope = (steam::saturation_by_temperature(t + dt)->p -
-                          steam::saturation_by_temperature(t - dt)->p) /
-                         (2 * dt);
-    const double latent = s.saturated_vapour.h - s.saturated_liquid.h;
-    const double dv = s.saturated_vapour.v - s.saturated_liquid.v;
-    const double consistency = t < 320 ? 2e-3 : t < 345 ? 5e-3 : 2e-2;
-    EXPECT_NEAR(100 * slope * dv * (t + kelvin), latent, consistency * latent) << t;
-    EXPECT_NEAR((s.saturated_vapour.s - s.saturated_liquid.s) * (t + kelvin), latent,
-                consistency * latent)
-        << t;
+  for (int t = 5; t < 372; t += 3) {
+    check_clapeyron(t);
   }
 }
 

@@ -19,6 +19,24 @@ struct Row {
   std::vector<Expected> states;  // in the order of preference
 };
 
+void check(const Expected& expected, const steam::State& state) {
+  EXPECT_EQ(state.region, expected.region);
+  EXPECT_NEAR(state.t, expected.t, 1e-5);
+  EXPECT_NEAR(state.p, expected.p, 1e-5 * expected.p);
+}
+
+void check(const Row& row) {
+  SCOPED_TRACE(row.name);
+  const steam::Results all = steam::states(row.pair, row.first, row.second);
+  ASSERT_EQ(all.size(), row.states.size());
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    check(row.states[i], all[i]);
+  }
+  const steam::Result one = steam::state(row.pair, row.first, row.second);
+  check(row.states[0], *one);
+  EXPECT_EQ(one->several, all.size() > 1);
+}
+
 TEST(Several, AllStatesOfAPairInTheDocumentedOrder) {
   const Row rows[]{
       {"around the density maximum",
@@ -65,17 +83,7 @@ TEST(Several, AllStatesOfAPairInTheDocumentedOrder) {
        {{Region::wet, 0.00952336, 6.27313}, {Region::wet, 0.00764596, 3.13188}}},
   };
   for (const Row& row : rows) {
-    const steam::Results all = steam::states(row.pair, row.first, row.second);
-    ASSERT_EQ(all.size(), row.states.size()) << row.name;
-    for (std::size_t i = 0; i < all.size(); ++i) {
-      EXPECT_EQ(all[i].region, row.states[i].region) << row.name;
-      EXPECT_NEAR(all[i].t, row.states[i].t, 1e-5) << row.name;
-      EXPECT_NEAR(all[i].p, row.states[i].p, 1e-5 * row.states[i].p) << row.name;
-    }
-    const steam::Result one = steam::state(row.pair, row.first, row.second);
-    EXPECT_NEAR(one->t, all[0].t, 1e-9) << row.name;
-    EXPECT_NEAR(one->p, all[0].p, 1e-9 * all[0].p) << row.name;
-    EXPECT_EQ(one->several, all.size() > 1) << row.name;
+    check(row);
   }
 }
 
