@@ -57,9 +57,10 @@ struct Target {
 
 /// Cells at whose sides differences say little: next to the critical point, where the quantity may
 /// turn twice in one, and beside 350 °C, where it jumps.
-constexpr bool is_special(int i) {
-  return i < 2 || i == saturated_cells_above_350 - 1 || i == saturated_cells_above_350;
+constexpr bool is_at_350(int i) {
+  return i == saturated_cells_above_350 - 1 || i == saturated_cells_above_350;
 }
+constexpr bool is_special(int i) { return i < 2 || is_at_350(i); }
 
 class Scan {
  public:
@@ -74,13 +75,13 @@ class Scan {
       const double f_after = target_.at_node(std::min(i + 2, saturated_table.cells));
       // Beside an extremum the value may lie a little beyond the sides.
       const double rise = f_right - f_left;
-      const bool turns =
-          is_special(i) || (f_left - f_before) * rise <= 0 || (f_after - f_right) * rise <= 0;
+      const double smaller = std::min(std::abs(f_left), std::abs(f_right));
       const double reach =
           std::abs(f_left - f_before) + std::abs(rise) + std::abs(f_after - f_right);
-      const double smaller = std::min(std::abs(f_left), std::abs(f_right));
+      const bool turns = is_special(i) || (f_left - f_before) * rise <= 0 ||
+                         (f_after - f_right) * rise <= 0 || (smaller <= reach && slopes_differ(i));
       if (f_left * f_right <= 0 || smaller <= node_error() ||
-          (turns && smaller <= reach + (is_special(i) ? misfit() : 0))) {
+          (turns && smaller <= reach + (is_at_350(i) ? misfit() : 0))) {
         i < saturated_cells_above_350 ? cell<HighSaturation>(i, turns)
                                       : cell<LowSaturation>(i, turns);
       }
@@ -95,6 +96,16 @@ class Scan {
 
  private:
   [[nodiscard]] double node_error() const { return 1e-9 * (std::abs(target_.value) + 1e-3); }
+
+  /// Whether the quantity rises at one side of a cell and falls at the other.
+  [[nodiscard]] bool slopes_differ(int i) const {
+    constexpr double inside = 1e-3;
+    const auto slope = [this](double place) {
+      const double r = place / saturated_table.scale;
+      return target_.rough(temperature_at(r)).derivative;
+    };
+    return slope(i + inside) * slope(i + 1 - inside) < 0;
+  }
 
   template <class Saturation>
   void cell(int i, bool turns) {
