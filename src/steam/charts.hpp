@@ -65,7 +65,8 @@ struct Place {
 
   /// The coefficients of polynomial number `index` of a patch.
   [[nodiscard]] auto of(const Patch& patch, int index) const {
-    const auto number = static_cast<std::size_t>(patch.polynomials + index);
+    const auto number =
+        static_cast<std::size_t>(patch.polynomials) + static_cast<std::size_t>(index);
     return [begin = coefficients + 10 * number](std::size_t i) {
       return static_cast<double>(begin[i]);
     };
