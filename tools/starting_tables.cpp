@@ -170,33 +170,45 @@ void write_axis(const steam::Axis& a) {
               a.scale);
 }
 
+/// The regions that reach into a cell, the one of most points first.
+std::multimap<std::size_t, Region, std::greater<>> regions_in(const Cells& cells, int cell) {
+  std::multimap<std::size_t, Region, std::greater<>> regions;
+  for (auto it = cells.lower_bound({cell, Region::none});
+       it != cells.end() && it->first.first == cell; ++it) {
+    regions.emplace(it->second.inside, it->first.second);
+  }
+  return regions;
+}
+
+/// Coefficients as single-precision literals.
+template <class Coefficients>
+std::string written(const Coefficients& coefficients) {
+  std::string line;
+  for (const double c : coefficients) {
+    std::array<char, 40> text{};
+    std::snprintf(text.data(), text.size(), "%.7gF,", c);
+    std::string number = text.data();
+    if (number.find_first_of(".e") == std::string::npos) {
+      number.insert(number.size() - 2, ".0");
+    }
+    line += number;
+  }
+  return line;
+}
+
 void write_chart(const Layout& layout, const steam::Axis& first, const steam::Axis& second,
                  const Cells& cells) {
   const std::string pair = steam::known_of(layout.pair).letters;
   std::string ends, patches, coefficients;
   int patch_count = 0, polynomial_count = 0;
-  char text[40];
   for (int cell = 0; cell < layout.cells * layout.cells; ++cell) {
-    std::multimap<std::size_t, Region, std::greater<>> regions;  // most points first
-    for (auto it = cells.lower_bound({cell, Region::none});
-         it != cells.end() && it->first.first == cell; ++it) {
-      regions.emplace(it->second.inside, it->first.second);
-    }
-    for (const auto& [inside, region] : regions) {
+    for (const auto& [inside, region] : regions_in(cells, cell)) {
       patches +=
           "{R::" + std::string(name_of(region)) + ", " + std::to_string(polynomial_count) + "},\n";
       ++patch_count;
       for (const auto& points : cells.at({cell, region}).points) {
         ++polynomial_count;
-        for (const double c : fitted(points)) {
-          std::snprintf(text, sizeof text, "%.7gF,", c);
-          std::string number = text;
-          if (number.find_first_of(".e") == std::string::npos) {
-            number.insert(number.size() - 2, ".0");
-          }
-          coefficients += number;
-        }
-        coefficients += '\n';
+        coefficients += written(fitted(points)) + '\n';
       }
     }
     ends += std::to_string(patch_count) + (cell % layout.cells == layout.cells - 1 ? ",\n" : ",");

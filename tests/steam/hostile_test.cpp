@@ -59,9 +59,10 @@ TEST(Hostile, AnyPairOfDoublesEndsInAStateThatHasItOrAReason) {
 
 TEST(Hostile, LimitsAndTheirNeighbours) {
   constexpr double infinity = std::numeric_limits<double>::infinity();
+  constexpr double nan = std::numeric_limits<double>::quiet_NaN();
   std::vector<double> values{0.0,    -0.0,     0.006112444, 1000,  0.01,        350,
                              374.15, 590,      800,         221.2, 165.3512406, 0.00317,
-                             1,      infinity, -infinity,   NAN,   5e-324};
+                             1,      infinity, -infinity,   nan,   5e-324};
   for (std::size_t i = values.size(); i-- > 0;) {
     values.push_back(std::nextafter(values[i], infinity));
     values.push_back(std::nextafter(values[i], -infinity));
