@@ -73,7 +73,8 @@ class Batch {
   std::span<Reason> status_;
   const Options& options_;
   Wanted wanted_;
-  std::atomic<std::size_t> next_{0};
+  // Apart from what every row reads.
+  alignas(64) std::atomic<std::size_t> next_{0};
   std::mutex progress_;
   std::size_t done_ = 0;
 };
