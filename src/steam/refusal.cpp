@@ -9,18 +9,18 @@ namespace {
 struct Words {
   char letter;
   const char* name;
-  const char* unit;
+  const char* unit;  // with a blank before it
   Reason reason;
 };
 
 /// By `Quantity`.
 constexpr std::array<Words, 7> words{{
-    {'p', "pressure", "bar", Reason::pressure},
-    {'t', "temperature", "°C", Reason::temperature},
-    {'v', "volume", "m³/kg", Reason::value},
-    {'h', "enthalpy", "kJ/kg", Reason::value},
-    {'s', "entropy", "kJ/(kg K)", Reason::value},
-    {'u', "internal energy", "kJ/kg", Reason::value},
+    {'p', "pressure", " bar", Reason::pressure},
+    {'t', "temperature", " °C", Reason::temperature},
+    {'v', "volume", " m³/kg", Reason::value},
+    {'h', "enthalpy", " kJ/kg", Reason::value},
+    {'s', "entropy", " kJ/(kg K)", Reason::value},
+    {'u', "internal energy", " kJ/kg", Reason::value},
     {'x', "quality", "", Reason::quality},
 }};
 
@@ -57,8 +57,8 @@ std::string text(const Refusal& refusal) {
     if (refusal.reason == Reason::not_a_number) {
       std::snprintf(line, sizeof line, "%s is not a number", a.name);
     } else {
-      std::snprintf(line, sizeof line, "%s %.10g %s is outside %.10g to %.10g", a.name,
-                    refusal.value, a.unit, refusal.lowest, refusal.highest);
+      std::snprintf(line, sizeof line, "%s %.10g is outside %.10g to %.10g%s", a.name,
+                    refusal.value, refusal.lowest, refusal.highest, a.unit);
     }
     return line;
   }

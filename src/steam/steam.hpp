@@ -70,7 +70,7 @@ struct Refusal {
   double lowest = 0, highest = 0;  ///< accepted range
 };
 
-/// One line of text, such as "pressure 2000 bar is outside 0.006112444 to 1000 bar".
+/// One line of text, such as "pressure 2000 is outside 0.006112444 to 1000 bar".
 std::string text(const Refusal& refusal);
 
 constexpr double missing = std::numeric_limits<double>::quiet_NaN();
