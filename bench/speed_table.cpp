@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <string_view>
 
 #include "unit_costs.hpp"
 #include "work.hpp"
@@ -8,7 +9,7 @@
 // The table of docs/performance.md: time per state, one state at a time, in units of one
 // std::pow(x, -5/17) of the same run. States are timed in small groups, each many times; the least
 // time of a group is free of what else the machine does, and the median of the groups is the
-// result.
+// result. With arguments, such as ph_t ph_tsv, only those requests.
 
 namespace {
 
@@ -17,7 +18,7 @@ using steam::Region;
 
 constexpr Region order[]{Region::water,       Region::steam,     Region::wet,
                          Region::dense_steam, Region::hot_water, Region::wet_above_350};
-constexpr std::size_t group = 8, groups = 400;
+constexpr std::size_t group = 32, groups = 100;
 
 volatile double sink;
 
@@ -47,7 +48,8 @@ double nanoseconds(const work::Task& task, Region region) {
 
 }  // namespace
 
-int main() {
+int main(int count, char** arguments) {
+  const std::span chosen(arguments + 1, static_cast<std::size_t>(count - 1));
   const UnitCosts unit = unit_costs();
   std::printf(
       "pow %.1f ns, exp %.1f ns; enthalpy from the equation of subregion 1 %.1f ns, 2 %.1f ns, "
@@ -55,6 +57,10 @@ int main() {
       "|\n|---|---|---|---|---|---|---|\n",
       unit.pow, unit.exp, unit.water, unit.steam, unit.dense);
   for (const work::Task& task : work::tasks()) {
+    if (!chosen.empty() &&
+        std::find(chosen.begin(), chosen.end(), std::string_view(task.name)) == chosen.end()) {
+      continue;
+    }
     std::printf("| %s |", task.name);
     for (const Region region : order) {
       if (work::applies(task, region)) {
