@@ -35,14 +35,14 @@ template <class Terms>
 Sample sample(const Terms& s, double p, double t) {
   const double v = formulation::volume(s);
   const double h = formulation::enthalpy(s);
-  return {p, t, v, h, steam::entropy_of(s), h - steam::kj_per_bar_m3 * p * v};
+  return {p, t, v, h, formulation::entropy(s), h - steam::kj_per_bar_m3 * p * v};
 }
 
 Sample sample3(double v, double t) {
   const auto s = steam::Dense::terms(v, t);
   const double p = steam::pressure3(s);
   const double h = formulation::enthalpy(s);
-  return {p, t, v, h, steam::entropy_of(s), h - steam::kj_per_bar_m3 * p * v};
+  return {p, t, v, h, formulation::entropy(s), h - steam::kj_per_bar_m3 * p * v};
 }
 
 Sample mixed(const Sample& a, const Sample& b, double x) {

@@ -323,8 +323,8 @@ std::array<double, 6> saturated_states(double t) {
                                  1 / v2,
                                  formulation::enthalpy(liquid),
                                  formulation::enthalpy(vapour),
-                                 steam::entropy_of(liquid),
-                                 steam::entropy_of(vapour)};
+                                 formulation::entropy(liquid),
+                                 formulation::entropy(vapour)};
   };
   if (t > steam::t_350) {
     const Volumes v = saturated_volumes_by_scan(t);
@@ -338,7 +338,7 @@ std::array<double, 6> saturated_states(double t) {
 
 std::array<double, 6> critical_state() {
   const auto terms = steam::Dense::terms(steam::v_critical, steam::t_critical);
-  const double h = formulation::enthalpy(terms), s = steam::entropy_of(terms);
+  const double h = formulation::enthalpy(terms), s = formulation::entropy(terms);
   return {steam::v_critical, 1 / steam::v_critical, h, h, s, s};
 }
 

@@ -32,9 +32,9 @@ constexpr double p_high = 1000;
 
 }  // namespace
 
-CommonTerms<formulation::Terms1<double>> common1;
-CommonTerms<formulation::Terms2<double>> common2;
-CommonTerms<formulation::Terms3<double>> common3;
+CommonTerms<formulation::Terms1<Guarded>> common1;
+CommonTerms<formulation::Terms2<Guarded>> common2;
+CommonTerms<formulation::Terms3<Guarded>> common3;
 StatePT current_pt;
 double conditional_G;
 

@@ -16,9 +16,10 @@ constexpr double entropy_origin = -1.592689186543051e-06;   // makes s of water 
 /// Ideal-gas constant I1 of the formulation, reduced.
 constexpr double ideal_gas_constant = 4.260321148;
 
-template <class Num>
+/// @tparam Divisor  how the policy of the elementary functions divides
+template <class Divisor = double, class Num>
 Num reduced_temperature(Num t) {
-  return (t + celsius_offset) / reducing_temperature;
+  return (t + celsius_offset) / Divisor(reducing_temperature);
 }
 
 /// Slopes of the specific volume over pressure, m³/(kg bar), and temperature, m³/(kg K).

@@ -3,6 +3,7 @@
 #include "formulation/subregion1.hpp"
 #include "formulation/subregion2.hpp"
 #include "formulation/subregion3.hpp"
+#include "frame/guards.hpp"
 
 namespace classic {
 
@@ -17,9 +18,9 @@ struct CommonTerms {
   Terms terms{};
 };
 
-extern CommonTerms<formulation::Terms1<double>> common1;
-extern CommonTerms<formulation::Terms2<double>> common2;
-extern CommonTerms<formulation::Terms3<double>> common3;
+extern CommonTerms<formulation::Terms1<Guarded>> common1;
+extern CommonTerms<formulation::Terms2<Guarded>> common2;
+extern CommonTerms<formulation::Terms3<Guarded>> common3;
 
 /// Pressure and temperature of whichever of `COMT1` and `COMT2` evaluated last.
 struct StatePT {

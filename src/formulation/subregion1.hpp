@@ -30,41 +30,43 @@ constexpr std::array<double, 13> a{0,
                                    7.002753165,
                                    2.995284926e-4,
                                    2.040e-1};
+/// A reduced temperature amid those of water, which are 0.42 to 0.96.
+constexpr double centre = 0.69;
 }  // namespace subregion1
 
-/// The sub-expressions that the properties of subregion 1 share.
-template <class Num>
+/// The sub-expressions that the properties of subregion 1 share. What is named under_… stands under
+/// fraction lines.
+template <class Math>
 struct Terms1 {
+  using Num = typename Math::Number;
+  using Divisor = typename Math::Divisor;
   Num beta, theta;  // reduced pressure and temperature
   Num theta2, theta4, theta6, theta7, theta10, theta11;
   Num theta16, theta17, theta18, theta19, theta20, theta21;
+  Divisor under_theta, under_theta2, under_theta6, under_theta7, under_theta20, under_theta21;
   Num beta2, beta3, beta4;
-  Num d9, d10;         // (a6 - θ)⁹ and (a6 - θ)¹⁰
-  Num f, f2;           // a7 + θ¹⁹ and its square
-  Num g;               // a8 + θ¹¹
-  Num A17_19_over_g2;  // (A17 β + A18 β² + A19 β³) / (a8 + θ¹¹)²
-  Num e3, e4;          // (a10 + β)³ and (a10 + β)⁴
-  Num e;               // 1 / (a10 + β)³ + a11 β
-  Num Y, Z;            // Y = 1 - a1 θ² - a2 θ⁻⁶, Z = Y + √(a3 Y² - 2 a4 θ + 2 a5 β)
-  Num dY;              // ∂Y/∂θ
-  Num Z_m5_17;         // Z^(-5/17)
+  Num d8, d9, d10;            // (a6 - θ)⁸, (a6 - θ)⁹ and (a6 - θ)¹⁰
+  Divisor under_f;            // a7 + θ¹⁹
+  Divisor under_f2;           // its square
+  Divisor under_g;            // a8 + θ¹¹
+  Num A17_19_over_g2;         // (A17 β + A18 β² + A19 β³) / (a8 + θ¹¹)²
+  Divisor under_e, under_e4;  // a10 + β and (a10 + β)⁴
+  Num e;                      // 1 / (a10 + β)³ + a11 β
+  Num Y, root, Z;  // Y = 1 - a1 θ² - a2 θ⁻⁶, Z = Y + √(a3 Y² - 2 a4 θ + 2 a5 β)
+  Num dY;          // ∂Y/∂θ
+  Num Z_m5_17;     // Z^(-5/17)
 };
-
-/// What stands under the root in Z.
-template <class Num>
-Num radicand1(Num beta, Num theta, Num Y) {
-  using subregion1::a;
-  return (a[5] * beta - a[4] * theta) * 2 + a[3] * Y * Y;
-}
 
 /// @param p  pressure, bar
 /// @param t  temperature, °C
 template <class Math>
-Terms1<typename Math::Number> terms1(typename Math::Number p, typename Math::Number t) {
+[[gnu::always_inline]] inline Terms1<Math> terms1(typename Math::Number p,
+                                                  typename Math::Number t) {
   using subregion1::A, subregion1::a;
-  Terms1<typename Math::Number> s;
-  s.beta = p / reducing_pressure;
-  s.theta = reduced_temperature(t);
+  using Divisor = typename Math::Divisor;
+  Terms1<Math> s;
+  s.beta = p / Divisor(reducing_pressure);
+  s.theta = reduced_temperature<Divisor>(t);
   s.theta2 = s.theta * s.theta;
   s.theta4 = s.theta2 * s.theta2;
   s.theta6 = s.theta2 * s.theta4;
@@ -77,125 +79,142 @@ Terms1<typename Math::Number> terms1(typename Math::Number p, typename Math::Num
   s.theta19 = s.theta * s.theta18;
   s.theta20 = s.theta4 * s.theta16;
   s.theta21 = s.theta * s.theta20;
+  s.under_theta = Divisor(s.theta);
+  s.under_theta2 = s.under_theta * s.under_theta;
+  const auto under_theta4 = s.under_theta2 * s.under_theta2;
+  s.under_theta6 = s.under_theta2 * under_theta4;
+  s.under_theta7 = s.under_theta * s.under_theta6;
+  s.under_theta20 = under_theta4 * (s.under_theta6 * (under_theta4 * s.under_theta6));
+  s.under_theta21 = s.under_theta * s.under_theta20;
   s.beta2 = s.beta * s.beta;
   s.beta3 = s.beta * s.beta2;
   s.beta4 = s.beta2 * s.beta2;
   const auto d = a[6] - s.theta;
   const auto d2 = d * d;
   const auto d4 = d2 * d2;
-  s.d9 = d4 * d4 * d;
+  s.d8 = d4 * d4;
+  s.d9 = s.d8 * d;
   s.d10 = d * s.d9;
-  s.f = a[7] + s.theta19;
-  s.f2 = s.f * s.f;
-  s.g = a[8] + s.theta11;
-  s.A17_19_over_g2 = ((A[19] * s.beta + A[18]) * s.beta + A[17]) * s.beta / s.g / s.g;
-  const auto e = a[10] + s.beta;
-  s.e3 = e * e * e;
-  s.e4 = e * s.e3;
-  s.e = 1 / s.e3 + a[11] * s.beta;
-  s.Y = 1 - a[1] * s.theta2 - a[2] / s.theta6;
-  s.Z = s.Y + Math::sqrt(radicand1(s.beta, s.theta, s.Y));
-  s.dY = a[2] * 6 / s.theta7 - s.theta * 2 * a[1];
-  s.Z_m5_17 = Math::pow(s.Z, -0.29411764705882354);
+  s.under_f = Divisor(a[7] + s.theta19);
+  s.under_f2 = s.under_f * s.under_f;
+  s.under_g = Divisor(a[8] + s.theta11);
+  s.A17_19_over_g2 = ((A[19] * s.beta + A[18]) * s.beta + A[17]) * s.beta / s.under_g / s.under_g;
+  s.under_e = Divisor(a[10] + s.beta);
+  const auto under_e3 = s.under_e * s.under_e * s.under_e;
+  s.under_e4 = s.under_e * under_e3;
+  s.e = 1 / under_e3 + a[11] * s.beta;
+  s.Y = 1 - a[1] * s.theta2 - a[2] / s.under_theta6;
+  s.root = Math::sqrt((a[5] * s.beta - a[4] * s.theta) * 2 + a[3] * s.Y * s.Y);
+  s.Z = s.Y + s.root;
+  s.dY = a[2] * 6 / s.under_theta7 - s.theta * 2 * a[1];
+  s.Z_m5_17 = Math::power_m5_17(s.Z);
   return s;
 }
 
 /// Specific volume of water, m³/kg: ∂ζ1/∂β.
-template <class Num>
-Num volume(const Terms1<Num>& s) {
+template <class Math>
+auto volume(const Terms1<Math>& s) {
   using subregion1::A, subregion1::a;
-  const Num chi = A[11] * a[5] * s.Z_m5_17 +
-                  (A[12] + A[13] * s.theta + A[14] * s.theta2 + A[15] * s.d10 + A[16] / s.f) -
-                  (A[17] + 2 * A[18] * s.beta + 3 * A[19] * s.beta2) / s.g -
-                  A[20] * s.theta18 * (a[9] + s.theta2) * (a[11] - 3 / s.e4) +
-                  3 * A[21] * (a[12] - s.theta) * s.beta2 + 4 * A[22] * s.beta3 / s.theta20;
+  const auto chi =
+      A[11] * a[5] * s.Z_m5_17 +
+      (A[12] + A[13] * s.theta + A[14] * s.theta2 + A[15] * s.d10 + A[16] / s.under_f) -
+      (A[17] + 2 * A[18] * s.beta + 3 * A[19] * s.beta2) / s.under_g -
+      A[20] * s.theta18 * (a[9] + s.theta2) * (a[11] - 3 / s.under_e4) +
+      3 * A[21] * (a[12] - s.theta) * s.beta2 + 4 * A[22] * s.beta3 / s.under_theta20;
   return chi * reducing_volume;
 }
 
 /// Enthalpy of water, kJ/kg: ζ1 - θ ∂ζ1/∂θ.
-template <class Num>
-Num enthalpy(const Terms1<Num>& s) {
+template <class Math>
+auto enthalpy(const Terms1<Math>& s) {
   using subregion1::A, subregion1::a;
+  using Divisor = typename Math::Divisor;
   // A0 θ - Σ (v - 2) A_v θ^(v-1), v = 1 … 10
-  constexpr std::array<double, 10> polynomial{A[1],      A[0],      -A[3],     -2 * A[4],
-                                              -3 * A[5], -4 * A[6], -5 * A[7], -6 * A[8],
-                                              -7 * A[9], -8 * A[10]};
-  const Num epsilon = horner(polynomial, s.theta) +
-                      A[11] *
-                          (s.Z * (17 * (s.Z / 29 - s.Y / 12) + 5 * s.theta * s.dY / 12) +
-                           a[4] * s.theta - (a[3] - 1) * s.theta * s.Y * s.dY) *
-                          s.Z_m5_17 +
-                      (A[12] - A[14] * s.theta2 + A[15] * (9 * s.theta + a[6]) * s.d9 +
-                       A[16] * (20 * s.theta19 + a[7]) / s.f2) *
-                          s.beta -
-                      (12 * s.theta11 + a[8]) * s.A17_19_over_g2 +
-                      A[20] * s.theta18 * (17 * a[9] + 19 * s.theta2) * s.e +
-                      A[21] * a[12] * s.beta3 + 21 * A[22] * s.beta4 / s.theta20;
+  constexpr Centred<10> polynomial({A[1], A[0], -A[3], -2 * A[4], -3 * A[5], -4 * A[6], -5 * A[7],
+                                    -6 * A[8], -7 * A[9], -8 * A[10]},
+                                   subregion1::centre);
+  const auto epsilon =
+      Math::polynomial(polynomial, s.theta) +
+      A[11] *
+          (s.Z * (17 * (s.Z / Divisor(29) - s.Y / Divisor(12)) + 5 * s.theta * s.dY / Divisor(12)) +
+           a[4] * s.theta - (a[3] - 1) * s.theta * s.Y * s.dY) *
+          s.Z_m5_17 +
+      (A[12] - A[14] * s.theta2 + A[15] * (9 * s.theta + a[6]) * s.d9 +
+       A[16] * (20 * s.theta19 + a[7]) / s.under_f2) *
+          s.beta -
+      (12 * s.theta11 + a[8]) * s.A17_19_over_g2 +
+      A[20] * s.theta18 * (17 * a[9] + 19 * s.theta2) * s.e + A[21] * a[12] * s.beta3 +
+      21 * A[22] * s.beta4 / s.under_theta20;
   return (epsilon + enthalpy_origin) * enthalpy_scale;
 }
 
 /// Entropy of water, kJ/(kg K): -∂ζ1/∂θ.
 template <class Math>
-auto entropy(const Terms1<typename Math::Number>& s) {
+auto entropy(const Terms1<Math>& s) {
   using subregion1::A, subregion1::a;
+  using Divisor = typename Math::Divisor;
   // -Σ (v - 1) A_v θ^(v-2), v = 2 … 10
-  constexpr std::array<double, 9> polynomial{-A[2],     -2 * A[3], -3 * A[4], -4 * A[5], -5 * A[6],
-                                             -6 * A[7], -7 * A[8], -8 * A[9], -9 * A[10]};
+  constexpr Centred<9> polynomial({-A[2], -2 * A[3], -3 * A[4], -4 * A[5], -5 * A[6], -6 * A[7],
+                                   -7 * A[8], -8 * A[9], -9 * A[10]},
+                                  subregion1::centre);
   const auto sigma =
-      A[0] * Math::log(s.theta) + horner(polynomial, s.theta) +
-      A[11] * ((5 * s.Z / 12 - (a[3] - 1) * s.Y) * s.dY + a[4]) * s.Z_m5_17 +
-      (10 * A[15] * s.d9 + 19 * A[16] * s.theta18 / s.f2 - A[13] - 2 * A[14] * s.theta) * s.beta -
+      A[0] * Math::log(s.theta) + Math::polynomial(polynomial, s.theta) +
+      A[11] * ((5 * s.Z / Divisor(12) - (a[3] - 1) * s.Y) * s.dY + a[4]) * s.Z_m5_17 +
+      (10 * A[15] * s.d9 + 19 * A[16] * s.theta18 / s.under_f2 - A[13] - 2 * A[14] * s.theta) *
+          s.beta -
       11 * s.theta10 * s.A17_19_over_g2 + A[20] * s.theta17 * (18 * a[9] + 20 * s.theta2) * s.e +
-      A[21] * s.beta3 + 20 * A[22] * s.beta4 / s.theta21;
+      A[21] * s.beta3 + 20 * A[22] * s.beta4 / s.under_theta21;
   return (sigma - entropy_origin) * entropy_scale;
 }
 
 /// Isobaric heat capacity of water, kJ/(kg K): -θ ∂²ζ1/∂θ².
 template <class Math>
-auto heat_capacity(const Terms1<typename Math::Number>& s) {
+auto heat_capacity(const Terms1<Math>& s) {
   using subregion1::A, subregion1::a;
+  using Divisor = typename Math::Divisor;
   // -Σ (v - 1)(v - 2) A_v θ^(v-3), v = 3 … 10
-  constexpr std::array<double, 8> polynomial{-2 * A[3],  -6 * A[4],  -12 * A[5], -20 * A[6],
-                                             -30 * A[7], -42 * A[8], -56 * A[9], -72 * A[10]};
-  const auto d2 = (a[6] - s.theta) * (a[6] - s.theta);
-  const auto d8 = d2 * d2 * (d2 * d2);
-  const auto ddY = -2 * a[1] - 42 * a[2] / (s.theta2 * s.theta6);
-  const auto root = Math::sqrt(radicand1(s.beta, s.theta, s.Y));
-  const auto dZ = s.dY + (a[3] * s.Y * s.dY - a[4]) / root;
+  constexpr Centred<8> polynomial({-2 * A[3], -6 * A[4], -12 * A[5], -20 * A[6], -30 * A[7],
+                                   -42 * A[8], -56 * A[9], -72 * A[10]},
+                                  subregion1::centre);
+  const auto ddY = -2 * a[1] - 42 * a[2] / (s.under_theta2 * s.under_theta6);
+  const auto dZ = s.dY + (a[3] * s.Y * s.dY - a[4]) / Divisor(s.root);
   // σ of the A11 term is U · Z^(-5/17)
-  const auto U = (5 * s.Z / 12 - (a[3] - 1) * s.Y) * s.dY + a[4];
-  const auto dU =
-      (5 * dZ / 12 - (a[3] - 1) * s.dY) * s.dY + (5 * s.Z / 12 - (a[3] - 1) * s.Y) * ddY;
+  const auto U = (5 * s.Z / Divisor(12) - (a[3] - 1) * s.Y) * s.dY + a[4];
+  const auto dU = (5 * dZ / Divisor(12) - (a[3] - 1) * s.dY) * s.dY +
+                  (5 * s.Z / Divisor(12) - (a[3] - 1) * s.Y) * ddY;
   const auto dsigma =
-      A[0] / s.theta + horner(polynomial, s.theta) +
-      A[11] * (dU - 5 * U * dZ / (17 * s.Z)) * s.Z_m5_17 +
-      (19 * A[16] * s.theta17 * (18 * a[7] - 20 * s.theta19) / (s.f * s.f2) - 2 * A[14] -
-       90 * A[15] * d8) *
+      A[0] / s.under_theta + Math::polynomial(polynomial, s.theta) +
+      A[11] * (dU - 5 * U * dZ / (Divisor(17) * Divisor(s.Z))) * s.Z_m5_17 +
+      (19 * A[16] * s.theta17 * (18 * a[7] - 20 * s.theta19) / (s.under_f * s.under_f2) -
+       2 * A[14] - 90 * A[15] * s.d8) *
           s.beta -
-      11 * s.theta7 * s.theta2 * (10 * a[8] - 12 * s.theta11) * s.A17_19_over_g2 / s.g +
+      11 * s.theta7 * s.theta2 * (10 * a[8] - 12 * s.theta11) * s.A17_19_over_g2 / s.under_g +
       A[20] * s.theta16 * (306 * a[9] + 380 * s.theta2) * s.e -
-      420 * A[22] * s.beta4 / (s.theta * s.theta21);
+      420 * A[22] * s.beta4 / (s.under_theta * s.under_theta21);
   return s.theta * dsigma * entropy_scale;
 }
 
 /// Slopes of the specific volume of water: ∂²ζ1/∂β² and ∂²ζ1/∂β∂θ.
-template <class Num>
-VolumeSlopes<Num> volume_slopes(const Terms1<Num>& s) {
+template <class Math>
+auto volume_slopes(const Terms1<Math>& s) {
   using subregion1::A, subregion1::a;
-  const Num root = s.Z - s.Y;
-  const Num dZ = s.dY + (a[3] * s.Y * s.dY - a[4]) / root;
-  const Num power = A[11] * a[5] * (-5.0 / 17) * s.Z_m5_17 / s.Z;
-  const Num chi_beta = power * a[5] / root - (2 * A[18] + 6 * A[19] * s.beta) / s.g -
-                       A[20] * s.theta18 * (a[9] + s.theta2) * 12 / (s.e4 * (a[10] + s.beta)) +
-                       6 * A[21] * (a[12] - s.theta) * s.beta + 12 * A[22] * s.beta2 / s.theta20;
-  const Num chi_theta =
+  using Divisor = typename Math::Divisor;
+  const Divisor under_root(s.root);
+  const auto dZ = s.dY + (a[3] * s.Y * s.dY - a[4]) / under_root;
+  const auto power = A[11] * a[5] * (-5.0 / 17) * s.Z_m5_17 / Divisor(s.Z);
+  const auto chi_beta = power * a[5] / under_root - (2 * A[18] + 6 * A[19] * s.beta) / s.under_g -
+                        A[20] * s.theta18 * (a[9] + s.theta2) * 12 / (s.under_e4 * s.under_e) +
+                        6 * A[21] * (a[12] - s.theta) * s.beta +
+                        12 * A[22] * s.beta2 / s.under_theta20;
+  const auto chi_theta =
       power * dZ +
-      (A[13] + 2 * A[14] * s.theta - 10 * A[15] * s.d9 - 19 * A[16] * s.theta18 / s.f2) +
-      (A[17] + 2 * A[18] * s.beta + 3 * A[19] * s.beta2) * 11 * s.theta10 / (s.g * s.g) -
-      A[20] * (18 * a[9] * s.theta17 + 20 * s.theta19) * (a[11] - 3 / s.e4) - 3 * A[21] * s.beta2 -
-      80 * A[22] * s.beta3 / s.theta21;
-  return {chi_beta * (reducing_volume / reducing_pressure),
-          chi_theta * (reducing_volume / reducing_temperature)};
+      (A[13] + 2 * A[14] * s.theta - 10 * A[15] * s.d9 - 19 * A[16] * s.theta18 / s.under_f2) +
+      (A[17] + 2 * A[18] * s.beta + 3 * A[19] * s.beta2) * 11 * s.theta10 /
+          (s.under_g * s.under_g) -
+      A[20] * (18 * a[9] * s.theta17 + 20 * s.theta19) * (a[11] - 3 / s.under_e4) -
+      3 * A[21] * s.beta2 - 80 * A[22] * s.beta3 / s.under_theta21;
+  return VolumeSlopes<typename Math::Number>{chi_beta * (reducing_volume / reducing_pressure),
+                                             chi_theta * (reducing_volume / reducing_temperature)};
 }
 
 }  // namespace formulation

@@ -59,8 +59,9 @@ constexpr double one_minus_theta_350 = 1 - (350 + celsius_offset) / reducing_tem
 }  // namespace subregion3
 
 /// The sub-expressions that the properties of subregion 3 share.
-template <class Num>
+template <class Math>
 struct Terms3 {
+  using Num = typename Math::Number;
   Num chi, theta;  // reduced volume and temperature
   Num tau;         // θ - 1
   Num y, y2, y3;   // (1 - θ) / (1 - θ350): 1 at 350 °C, 0 at the critical temperature
@@ -77,13 +78,15 @@ struct Terms3 {
 /// @param v  specific volume, m³/kg
 /// @param t  temperature, °C
 template <class Math>
-Terms3<typename Math::Number> terms3(typename Math::Number v, typename Math::Number t) {
+[[gnu::always_inline]] inline Terms3<Math> terms3(typename Math::Number v,
+                                                  typename Math::Number t) {
   using namespace subregion3;
-  Terms3<typename Math::Number> s;
-  s.chi = v / reducing_volume;
-  s.theta = reduced_temperature(t);
+  using Divisor = typename Math::Divisor;
+  Terms3<Math> s;
+  s.chi = v / Divisor(reducing_volume);
+  s.theta = reduced_temperature<Divisor>(t);
   s.tau = s.theta - 1;
-  s.y = (1 - s.theta) / one_minus_theta_350;
+  s.y = (1 - s.theta) / Divisor(one_minus_theta_350);
   s.y2 = s.y * s.y;
   s.y3 = s.y * s.y2;
   s.y30 = 0.0;
@@ -98,57 +101,58 @@ Terms3<typename Math::Number> terms3(typename Math::Number v, typename Math::Num
   s.w5 = s.w2 * s.w2 * s.w;
   s.w6 = s.w5 * s.w;
   s.log_chi = Math::log(s.chi);
-  s.P0 = horner(D3, s.w);
-  s.P0d = horner(subregion3::P0d, s.w) * s.w2;
-  s.Q0 = horner(D4, s.w);
-  s.Q0d = horner(subregion3::Q0d, s.w) * s.w2;
-  s.R0 = horner(D5, s.chi);
-  s.R0d = horner(subregion3::R0d, s.chi);
-  s.one_over_theta = 1 / s.theta;
+  s.P0 = Math::polynomial(D3, s.w);
+  s.P0d = Math::polynomial(subregion3::P0d, s.w) * s.w2;
+  s.Q0 = Math::polynomial(D4, s.w);
+  s.Q0d = Math::polynomial(subregion3::Q0d, s.w) * s.w2;
+  s.R0 = Math::polynomial(D5, s.chi);
+  s.R0d = Math::polynomial(subregion3::R0d, s.chi);
+  const Divisor under_theta(s.theta);
+  s.one_over_theta = 1 / under_theta;
   s.theta_m22 = Math::template whole_power<22>(s.one_over_theta);
   s.theta_m23 = s.theta_m22 * s.one_over_theta;
-  s.chi5_theta2 = Math::template whole_power<5>(s.chi) / (s.theta * s.theta);
+  s.chi5_theta2 = Math::template whole_power<5>(s.chi) / (under_theta * under_theta);
   s.chi6_theta2 = s.chi * s.chi5_theta2;
   return s;
 }
 
 /// Whether the group of terms in D3, D4 and D5 stands only in the liquid below the critical
 /// temperature; elsewhere the properties leave it out, and their variants named X put it back.
-template <class Num>
-bool leaves_conditional_out(const Terms3<Num>& s) {
+template <class Math>
+bool leaves_conditional_out(const Terms3<Math>& s) {
   return s.theta >= 1 || s.chi >= 1;
 }
 
 /// The conditional group's share of the reduced pressure, whether left out or not.
-template <class Num>
-Num conditional_pressure(const Terms3<Num>& s) {
+template <class Math>
+auto conditional_pressure(const Terms3<Math>& s) {
   return (s.y * s.Q0d + s.P0d) * s.y3 - s.y * s.y31 * s.R0d;
 }
 
 /// ∂/∂χ of one of the groups C0 … C3.
-template <class Num, class Group, class Products>
-Num group_slope(const Group& C, const Products& P, const Terms3<Num>& s) {
-  return C[1] - horner(P, s.w) * s.w2 + C.back() * s.w;
+template <class Math, class Group, class Products>
+auto group_slope(const Group& C, const Products& P, const Terms3<Math>& s) {
+  return C[1] - Math::polynomial(P, s.w) * s.w2 + C.back() * s.w;
 }
 
 /// Pressure, bar: -∂ψ3/∂χ.
 /// @param G  share of the conditional group
-template <class Num>
-Num pressure(const Terms3<Num>& s, Num G) {
+template <class Math>
+auto pressure(const Terms3<Math>& s, typename Math::Number G) {
   using namespace subregion3;
-  const Num A = group_slope(C0, P_A, s);
-  const Num D = group_slope(C1, P_D, s);
-  const Num B = group_slope(C2, P_B, s);
-  const Num C = group_slope(C3, P_C, s);
-  const Num E = five_C41 * s.w6 * s.theta_m23;
-  const Num F = horner(C6, s.one_over_theta) * (s.chi5_theta2 * 6);
+  const auto A = group_slope(C0, P_A, s);
+  const auto D = group_slope(C1, P_D, s);
+  const auto B = group_slope(C2, P_B, s);
+  const auto C = group_slope(C3, P_C, s);
+  const auto E = five_C41 * s.w6 * s.theta_m23;
+  const auto F = Math::polynomial(C6, s.one_over_theta) * (s.chi5_theta2 * 6);
   return reducing_pressure * ((-D - (C * s.tau + B) * s.tau + E) * s.tau - A - F + G);
 }
 
 /// Σ n_v C_v χ^(1-v) over v = 2 … of one of the groups C0 … C3, with n_v = weight(v).
-template <class Num, class Group, class Weight>
-Num group_sum(const Group& C, const Terms3<Num>& s, Weight weight) {
-  Num sum = Num(0);
+template <class Math, class Group, class Weight>
+auto group_sum(const Group& C, const Terms3<Math>& s, Weight weight) {
+  auto sum = typename Math::Number(0);
   for (std::size_t v = C.size() - 2; v >= 2; --v) {
     sum = (sum + weight(static_cast<double>(v)) * C[v]) * s.w;
   }
@@ -156,52 +160,52 @@ Num group_sum(const Group& C, const Terms3<Num>& s, Weight weight) {
 }
 
 /// One of the groups C0 … C3, without a term in χ⁰.
-template <class Num, class Group>
-Num group_value(const Group& C, const Terms3<Num>& s) {
+template <class Math, class Group>
+auto group_value(const Group& C, const Terms3<Math>& s) {
   return C[1] * s.chi + group_sum(C, s, [](double) { return 1.0; }) + C.back() * s.log_chi;
 }
 
 /// A group less χ times its χ-derivative: its share of ψ3 + p v.
-template <class Num, class Group>
-Num group_with_pv(const Group& C, const Terms3<Num>& s) {
+template <class Math, class Group>
+auto group_with_pv(const Group& C, const Terms3<Math>& s) {
   return group_sum(C, s, [](double v) { return v; }) + C.back() * (s.log_chi - 1);
 }
 
 /// ∂²/∂χ² of a group.
-template <class Num, class Group>
-Num group_curvature(const Group& C, const Terms3<Num>& s) {
+template <class Math, class Group>
+auto group_curvature(const Group& C, const Terms3<Math>& s) {
   return (group_sum(C, s, [](double v) { return v * (v - 1); }) - C.back()) * s.w2;
 }
 
 /// The conditional group's share of the reduced enthalpy, whether left out or not.
-template <class Num>
-Num conditional_enthalpy(const Terms3<Num>& s) {
-  const Num theta_y = s.theta / subregion3::one_minus_theta_350;  // -θ ∂y/∂θ
+template <class Math>
+auto conditional_enthalpy(const Terms3<Math>& s) {
+  const auto theta_y = s.theta / subregion3::one_minus_theta_350;  // -θ ∂y/∂θ
   return s.y2 * (s.P0 * (s.y + 3 * theta_y) + s.y * s.Q0 * (s.y + 4 * theta_y)) +
          s.y31 * s.R0 * (s.y + 32 * theta_y) + s.chi * conditional_pressure(s);
 }
 
 /// Enthalpy, kJ/kg: ψ3 - θ ∂ψ3/∂θ - χ ∂ψ3/∂χ.
-template <class Num>
-Num enthalpy(const Terms3<Num>& s) {
+template <class Math>
+auto enthalpy(const Terms3<Math>& s) {
   using namespace subregion3;
-  const Num F1 = group_value(C1, s);
-  const Num F2 = group_value(C2, s);
-  const Num F3 = group_value(C3, s);
-  const Num from_groups = C0[0] + group_with_pv(C0, s) + s.tau * group_with_pv(C1, s) -
-                          s.theta * F1 +
-                          s.tau * (s.tau * group_with_pv(C2, s) - 2 * s.theta * F2 +
-                                   s.tau * (s.tau * group_with_pv(C3, s) - 3 * s.theta * F3));
+  const auto F1 = group_value(C1, s);
+  const auto F2 = group_value(C2, s);
+  const auto F3 = group_value(C3, s);
+  const auto from_groups = C0[0] + group_with_pv(C0, s) + s.tau * group_with_pv(C1, s) -
+                           s.theta * F1 +
+                           s.tau * (s.tau * group_with_pv(C2, s) - 2 * s.theta * F2 +
+                                    s.tau * (s.tau * group_with_pv(C3, s) - 3 * s.theta * F3));
   // Σ C7v τ^v (v τ + v + 1)
-  Num sum7 = Num(0);
+  auto sum7 = typename Math::Number(0);
   for (auto v = C7.size(); v-- > 0;) {
     const auto n = static_cast<double>(v);
     sum7 = sum7 * s.tau + (n * s.tau + (n + 1)) * C7[v];
   }
   constexpr std::array<double, 5> weighted_C6{-3 * C6[0], -2 * C6[1], -C6[2], 0 * C6[3], C6[4]};
-  Num epsilon = from_groups +
-                s.theta_m23 * (C40 * (23 * s.tau - 1) + C41 * s.w5 * (28 * s.tau - 1)) -
-                C50 * s.theta + s.chi6_theta2 * horner(weighted_C6, s.one_over_theta) - sum7;
+  auto epsilon =
+      from_groups + s.theta_m23 * (C40 * (23 * s.tau - 1) + C41 * s.w5 * (28 * s.tau - 1)) -
+      C50 * s.theta + s.chi6_theta2 * Math::polynomial(weighted_C6, s.one_over_theta) - sum7;
   if (!leaves_conditional_out(s)) {
     epsilon = epsilon + conditional_enthalpy(s);
   }
@@ -209,19 +213,19 @@ Num enthalpy(const Terms3<Num>& s) {
 }
 
 /// Entropy, kJ/(kg K): -∂ψ3/∂θ.
-template <class Num>
-Num entropy(const Terms3<Num>& s) {
+template <class Math>
+auto entropy(const Terms3<Math>& s) {
   using namespace subregion3;
   constexpr std::array<double, 5> weighted_C6{2 * C6[0], 3 * C6[1], 4 * C6[2], 5 * C6[3],
                                               6 * C6[4]};
   constexpr std::array<double, 9> weighted_C7{C7[0],     2 * C7[1], 3 * C7[2], 4 * C7[3], 5 * C7[4],
                                               6 * C7[5], 7 * C7[6], 8 * C7[7], 9 * C7[8]};
-  Num sigma = -group_value(C1, s) -
-              s.tau * (2 * group_value(C2, s) + 3 * s.tau * group_value(C3, s)) -
-              (C40 + C41 * s.w5) * (23 - 22 * s.theta) * s.theta_m23 * s.one_over_theta -
-              C50 * (1 + s.log_theta) +
-              s.chi6_theta2 * s.one_over_theta * horner(weighted_C6, s.one_over_theta) -
-              horner(weighted_C7, s.tau);
+  auto sigma = -group_value(C1, s) -
+               s.tau * (2 * group_value(C2, s) + 3 * s.tau * group_value(C3, s)) -
+               (C40 + C41 * s.w5) * (23 - 22 * s.theta) * s.theta_m23 * s.one_over_theta -
+               C50 * (1 + s.log_theta) +
+               s.chi6_theta2 * s.one_over_theta * Math::polynomial(weighted_C6, s.one_over_theta) -
+               Math::polynomial(weighted_C7, s.tau);
   if (!leaves_conditional_out(s)) {
     sigma = sigma + (s.y2 * (3 * s.P0 + 4 * s.y * s.Q0) + 32 * s.y31 * s.R0) / one_minus_theta_350;
   }
@@ -229,18 +233,19 @@ Num entropy(const Terms3<Num>& s) {
 }
 
 /// ∂²ψ3/∂θ².
-template <class Num>
-Num psi_theta_theta(const Terms3<Num>& s) {
+template <class Math>
+auto psi_theta_theta(const Terms3<Math>& s) {
   using namespace subregion3;
   constexpr std::array<double, 5> weighted_C6{6 * C6[0], 12 * C6[1], 20 * C6[2], 30 * C6[3],
                                               42 * C6[4]};
   constexpr std::array<double, 8> weighted_C7{2 * C7[1],  6 * C7[2],  12 * C7[3], 20 * C7[4],
                                               30 * C7[5], 42 * C7[6], 56 * C7[7], 72 * C7[8]};
-  const Num theta_m2 = s.one_over_theta * s.one_over_theta;
-  Num sum =
-      2 * group_value(C2, s) + 6 * s.tau * group_value(C3, s) +
-      (C40 + C41 * s.w5) * (506 * s.theta - 552) * s.theta_m23 * theta_m2 + C50 * s.one_over_theta +
-      s.chi6_theta2 * theta_m2 * horner(weighted_C6, s.one_over_theta) + horner(weighted_C7, s.tau);
+  const auto theta_m2 = s.one_over_theta * s.one_over_theta;
+  auto sum = 2 * group_value(C2, s) + 6 * s.tau * group_value(C3, s) +
+             (C40 + C41 * s.w5) * (506 * s.theta - 552) * s.theta_m23 * theta_m2 +
+             C50 * s.one_over_theta +
+             s.chi6_theta2 * theta_m2 * Math::polynomial(weighted_C6, s.one_over_theta) +
+             Math::polynomial(weighted_C7, s.tau);
   if (!leaves_conditional_out(s)) {
     sum = sum + (6 * s.y * (s.P0 + 2 * s.y * s.Q0) + 992 * s.y30 * s.R0) /
                     (one_minus_theta_350 * one_minus_theta_350);
@@ -249,15 +254,15 @@ Num psi_theta_theta(const Terms3<Num>& s) {
 }
 
 /// ∂²ψ3/∂χ∂θ.
-template <class Num>
-Num psi_chi_theta(const Terms3<Num>& s) {
+template <class Math>
+auto psi_chi_theta(const Terms3<Math>& s) {
   using namespace subregion3;
   constexpr std::array<double, 5> weighted_C6{2 * C6[0], 3 * C6[1], 4 * C6[2], 5 * C6[3],
                                               6 * C6[4]};
-  Num sum = group_slope(C1, P_D, s) +
-            s.tau * (2 * group_slope(C2, P_B, s) + 3 * s.tau * group_slope(C3, P_C, s)) -
-            five_C41 * s.w6 * (23 - 22 * s.theta) * s.theta_m23 * s.one_over_theta -
-            6 * s.chi5_theta2 * s.one_over_theta * horner(weighted_C6, s.one_over_theta);
+  auto sum = group_slope(C1, P_D, s) +
+             s.tau * (2 * group_slope(C2, P_B, s) + 3 * s.tau * group_slope(C3, P_C, s)) -
+             five_C41 * s.w6 * (23 - 22 * s.theta) * s.theta_m23 * s.one_over_theta -
+             6 * s.chi5_theta2 * s.one_over_theta * Math::polynomial(weighted_C6, s.one_over_theta);
   if (!leaves_conditional_out(s)) {
     sum = sum + (s.y2 * (3 * s.P0d + 4 * s.y * s.Q0d) - 32 * s.y31 * s.R0d) / one_minus_theta_350;
   }
@@ -265,18 +270,20 @@ Num psi_chi_theta(const Terms3<Num>& s) {
 }
 
 /// ∂²ψ3/∂χ².
-template <class Num>
-Num psi_chi_chi(const Terms3<Num>& s) {
+template <class Math>
+auto psi_chi_chi(const Terms3<Math>& s) {
   using namespace subregion3;
-  Num sum = group_curvature(C0, s) +
-            s.tau * (group_curvature(C1, s) +
-                     s.tau * (group_curvature(C2, s) + s.tau * group_curvature(C3, s))) +
-            30 * C41 * s.w6 * s.w * s.theta_m23 * s.tau +
-            30 * s.chi5_theta2 * s.w * horner(C6, s.one_over_theta);
+  auto sum = group_curvature(C0, s) +
+             s.tau * (group_curvature(C1, s) +
+                      s.tau * (group_curvature(C2, s) + s.tau * group_curvature(C3, s))) +
+             30 * C41 * s.w6 * s.w * s.theta_m23 * s.tau +
+             30 * s.chi5_theta2 * s.w * Math::polynomial(C6, s.one_over_theta);
   if (!leaves_conditional_out(s)) {
     // w³ (w P'' + 2 P') of the sums P = Σ D_v w^v: Σ v (v + 1) D_v w^v, times w²
     const auto curvature = [&s](const std::array<double, 5>& D) {
-      return horner(std::array<double, 5>{0, 2 * D[1], 6 * D[2], 12 * D[3], 20 * D[4]}, s.w) * s.w2;
+      return Math::polynomial(std::array<double, 5>{0, 2 * D[1], 6 * D[2], 12 * D[3], 20 * D[4]},
+                              s.w) *
+             s.w2;
     };
     sum = sum + s.y3 * (curvature(D3) + s.y * curvature(D4)) + s.y * s.y31 * subregion3::R0d[1];
   }
@@ -284,9 +291,9 @@ Num psi_chi_chi(const Terms3<Num>& s) {
 }
 
 /// Isobaric heat capacity, kJ/(kg K): -θ ∂²ψ3/∂θ² + θ (∂²ψ3/∂χ∂θ)² / (∂²ψ3/∂χ²).
-template <class Num>
-Num heat_capacity(const Terms3<Num>& s) {
-  const Num mixed = psi_chi_theta(s);
+template <class Math>
+auto heat_capacity(const Terms3<Math>& s) {
+  const auto mixed = psi_chi_theta(s);
   return s.theta * (mixed * mixed / psi_chi_chi(s) - psi_theta_theta(s)) * entropy_scale;
 }
 

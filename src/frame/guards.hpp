@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "formulation/elementary.hpp"
+
 namespace classic {
 
 /// Natural logarithm; for x = 0 or not a number -HUGE_VAL, for x < 0 the value 1, both with flag 1.
@@ -14,12 +16,10 @@ double SafeSqrt(double x);
 double SafeExp(double x);
 
 /// The elementary functions as the classic module calls them.
-struct Guarded {
-  using Number = double;
+struct Guarded : formulation::PublishedArithmetic {
   static double exp(double x) { return SafeExp(x); }
   static double log(double x) { return SafeLog(x); }
   static double sqrt(double x) { return SafeSqrt(x); }
-  static double pow(double x, double y) { return std::pow(x, y); }
   template <int N>
   static double whole_power(double x) {
     return std::pow(x, double{N});

@@ -39,12 +39,8 @@ double ENTHA3X(const double* v, const double* t) {
   return h + conditional_enthalpy(s) * formulation::enthalpy_scale;
 }
 
-double ENTRO1(const double* p, const double* t) {
-  return formulation::entropy<Guarded>(terms1(p, t));
-}
-double ENTRO2(const double* p, const double* t) {
-  return formulation::entropy<Guarded>(terms2(p, t));
-}
+double ENTRO1(const double* p, const double* t) { return entropy(terms1(p, t)); }
+double ENTRO2(const double* p, const double* t) { return entropy(terms2(p, t)); }
 double ENTRO3(const double* v, const double* t) { return entropy(terms3(v, t)); }
 
 double ENERG1(const double* p, const double* t) {
@@ -62,9 +58,7 @@ double ENERG3(const double* v, const double* t) {
   return h - PRESS3(v, t) * *v * 100;
 }
 
-double HTCAP1(const double* p, const double* t) {
-  return formulation::heat_capacity<Guarded>(terms1(p, t));
-}
+double HTCAP1(const double* p, const double* t) { return heat_capacity(terms1(p, t)); }
 double HTCAP2(const double* p, const double* t) { return heat_capacity(terms2(p, t)); }
 double HTCAP3(const double* v, const double* t) { return heat_capacity(terms3(v, t)); }
 

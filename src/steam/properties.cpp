@@ -40,10 +40,10 @@ void equilibrium(const Site& site, Wanted wanted, Values& out) {
     at(out, P::u) = at(out, P::h) - kj_per_bar_m3 * site.p * v;
   }
   if (wanted.has(P::s)) {
-    at(out, P::s) = entropy_of(terms);
+    at(out, P::s) = formulation::entropy(terms);
   }
   if (wanted.any(cp_needed)) {
-    at(out, P::cp) = Equation::heat_capacity(terms);
+    at(out, P::cp) = formulation::heat_capacity(terms);
   }
   if (wanted.any(slopes_needed)) {
     const auto dv = formulation::volume_slopes(terms);

@@ -1,17 +1,18 @@
 #pragma once
 
 #include "formulation/subregion1.hpp"
-#include "formulation/subregion2.hpp"
-#include "formulation/subregion3.hpp"
+#include "formulation/subregion2_moments.hpp"
+#include "formulation/subregion3_derivatives.hpp"
+#include "steam/arithmetic.hpp"
 #include "steam/domain.hpp"
 #include "steam/site.hpp"
 
 namespace steam {
 
-using Math = formulation::Elementary;
-using Terms1 = formulation::Terms1<double>;
-using Terms2 = formulation::Terms2<double>;
-using Terms3 = formulation::Terms3<double>;
+using Math = SharedDivisions;
+using Terms1 = formulation::Terms1<Math>;
+using Terms2 = formulation::Moments2<Math>;
+using Terms3 = formulation::Derivatives3<Math>;
 
 constexpr double kj_per_bar_m3 = 100;
 
@@ -20,39 +21,36 @@ struct Water {
   static constexpr bool by_pressure = true;
   /// Water's own properties hardly depend on the pressure: it is resolved to parts of a bar.
   static constexpr double z_floor = 1;
-  static auto terms(double p, double t) { return formulation::terms1<Math>(p, t); }
-  static double heat_capacity(const Terms1& s) { return formulation::heat_capacity<Math>(s); }
+  [[gnu::always_inline]] static auto terms(double p, double t) {
+    return formulation::terms1<Math>(p, t);
+  }
 };
 struct Steam {
   static constexpr bool by_pressure = true;
   static constexpr double z_floor = 0;
-  static auto terms(double p, double t) { return formulation::terms2<Math>(p, t); }
-  static double heat_capacity(const Terms2& s) { return formulation::heat_capacity(s); }
+  [[gnu::always_inline]] static auto terms(double p, double t) {
+    return formulation::moments2<Math>(p, t);
+  }
 };
 /// Subregion 3: the equation takes v and t.
 struct Dense {
   static constexpr bool by_pressure = false;
   static constexpr double z_floor = 0;
-  static auto terms(double v, double t) { return formulation::terms3<Math>(v, t); }
+  [[gnu::always_inline]] static auto terms(double v, double t) {
+    return formulation::derivatives3<Math>(v, t);
+  }
 };
 
-inline double entropy_of(const Terms1& s) { return formulation::entropy<Math>(s); }
-inline double entropy_of(const Terms2& s) { return formulation::entropy<Math>(s); }
-inline double entropy_of(const Terms3& s) { return formulation::entropy(s); }
-
 /// Pressure in subregion 3, bar, with the conditional group where it stands.
-inline double pressure3(const Terms3& s) {
-  return formulation::pressure(
-      s, formulation::leaves_conditional_out(s) ? 0.0 : formulation::conditional_pressure(s));
-}
+inline double pressure3(const Terms3& s) { return formulation::pressure(s); }
 inline double pressure3_over_v(const Terms3& s) {  // bar kg/m³
-  return -formulation::psi_chi_chi(s) * (p_critical / v_critical);
+  return -s.chi_2 * (p_critical / v_critical);
 }
 inline double pressure3_over_t(const Terms3& s) {  // bar/K
-  return -formulation::psi_chi_theta(s) * (p_critical / formulation::reducing_temperature);
+  return -s.chi_1_theta_1 * (p_critical / formulation::reducing_temperature);
 }
 inline double isochoric_heat_capacity3(const Terms3& s) {
-  return -s.theta * formulation::psi_theta_theta(s) * formulation::entropy_scale;
+  return -s.theta * s.theta_2 * formulation::entropy_scale;
 }
 
 /// One quantity of a state.
@@ -71,7 +69,7 @@ double value_of(const Terms& s, double z, double t) {
   } else if constexpr (Q == Quantity::h) {
     return formulation::enthalpy(s);
   } else if constexpr (Q == Quantity::s) {
-    return entropy_of(s);
+    return formulation::entropy(s);
   } else if constexpr (Equation::by_pressure) {
     return formulation::enthalpy(s) - kj_per_bar_m3 * z * formulation::volume(s);
   } else {
@@ -88,7 +86,8 @@ struct Sloped {
 /// One quantity of a state in subregion 1 or 2.
 template <class Equation, Quantity Q, class Terms>
 Sloped sloped(const Terms& s, double p, double t) requires(Equation::by_pressure) {
-  using formulation::volume, formulation::volume_slopes, formulation::enthalpy;
+  using formulation::volume, formulation::volume_slopes, formulation::enthalpy,
+      formulation::entropy, formulation::heat_capacity;
   constexpr double c = kj_per_bar_m3;
   if constexpr (Q == Quantity::p) {
     return {p, 1, 0};
@@ -98,14 +97,13 @@ Sloped sloped(const Terms& s, double p, double t) requires(Equation::by_pressure
     const auto dv = volume_slopes(s);
     return {volume(s), dv.over_p, dv.over_t};
   } else if constexpr (Q == Quantity::h) {
-    return {enthalpy(s), c * (volume(s) - kelvin(t) * volume_slopes(s).over_t),
-            Equation::heat_capacity(s)};
+    return {enthalpy(s), c * (volume(s) - kelvin(t) * volume_slopes(s).over_t), heat_capacity(s)};
   } else if constexpr (Q == Quantity::s) {
-    return {entropy_of(s), -c * volume_slopes(s).over_t, Equation::heat_capacity(s) / kelvin(t)};
+    return {formulation::entropy(s), -c * volume_slopes(s).over_t, heat_capacity(s) / kelvin(t)};
   } else {
     const auto dv = volume_slopes(s);
     return {enthalpy(s) - c * p * volume(s), -c * (kelvin(t) * dv.over_t + p * dv.over_p),
-            Equation::heat_capacity(s) - c * p * dv.over_t};
+            heat_capacity(s) - c * p * dv.over_t};
   }
 }
 
@@ -124,7 +122,8 @@ Sloped sloped(const Terms3& s, double v, double t) requires(!Equation::by_pressu
     return {formulation::enthalpy(s), c * (kelvin(t) * p_t + v * pressure3_over_v(s)),
             isochoric_heat_capacity3(s) + c * v * p_t};
   } else if constexpr (Q == Quantity::s) {
-    return {entropy_of(s), c * pressure3_over_t(s), isochoric_heat_capacity3(s) / kelvin(t)};
+    return {formulation::entropy(s), c * pressure3_over_t(s),
+            isochoric_heat_capacity3(s) / kelvin(t)};
   } else {
     const double p = pressure3(s);
     return {formulation::enthalpy(s) - c * p * v, c * (kelvin(t) * pressure3_over_t(s) - p),
