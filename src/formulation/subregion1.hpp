@@ -113,7 +113,7 @@ template <class Math>
 
 /// Specific volume of water, m³/kg: ∂ζ1/∂β.
 template <class Math>
-auto volume(const Terms1<Math>& s) {
+[[gnu::always_inline]] inline auto volume(const Terms1<Math>& s) {
   using subregion1::A, subregion1::a;
   const auto chi =
       A[11] * a[5] * s.Z_m5_17 +
@@ -126,7 +126,7 @@ auto volume(const Terms1<Math>& s) {
 
 /// Enthalpy of water, kJ/kg: ζ1 - θ ∂ζ1/∂θ.
 template <class Math>
-auto enthalpy(const Terms1<Math>& s) {
+[[gnu::always_inline]] inline auto enthalpy(const Terms1<Math>& s) {
   using subregion1::A, subregion1::a;
   using Divisor = typename Math::Divisor;
   // A0 θ - Σ (v - 2) A_v θ^(v-1), v = 1 … 10
@@ -150,7 +150,7 @@ auto enthalpy(const Terms1<Math>& s) {
 
 /// Entropy of water, kJ/(kg K): -∂ζ1/∂θ.
 template <class Math>
-auto entropy(const Terms1<Math>& s) {
+[[gnu::always_inline]] inline auto entropy(const Terms1<Math>& s) {
   using subregion1::A, subregion1::a;
   using Divisor = typename Math::Divisor;
   // -Σ (v - 1) A_v θ^(v-2), v = 2 … 10
@@ -169,7 +169,7 @@ auto entropy(const Terms1<Math>& s) {
 
 /// Isobaric heat capacity of water, kJ/(kg K): -θ ∂²ζ1/∂θ².
 template <class Math>
-auto heat_capacity(const Terms1<Math>& s) {
+[[gnu::always_inline]] inline auto heat_capacity(const Terms1<Math>& s) {
   using subregion1::A, subregion1::a;
   using Divisor = typename Math::Divisor;
   // -Σ (v - 1)(v - 2) A_v θ^(v-3), v = 3 … 10
@@ -196,7 +196,7 @@ auto heat_capacity(const Terms1<Math>& s) {
 
 /// Slopes of the specific volume of water: ∂²ζ1/∂β² and ∂²ζ1/∂β∂θ.
 template <class Math>
-auto volume_slopes(const Terms1<Math>& s) {
+[[gnu::always_inline]] inline auto volume_slopes(const Terms1<Math>& s) {
   using subregion1::A, subregion1::a;
   using Divisor = typename Math::Divisor;
   const Divisor under_root(s.root);
