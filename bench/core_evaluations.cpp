@@ -14,8 +14,8 @@ long count = 0;
 
 bool is_core(void* function) {
   static void* const core[]{reinterpret_cast<void*>(&formulation::terms1<steam::Math>),
-                            reinterpret_cast<void*>(&formulation::terms2<steam::Math>),
-                            reinterpret_cast<void*>(&formulation::terms3<steam::Math>)};
+                            reinterpret_cast<void*>(&formulation::moments2<steam::Math>),
+                            reinterpret_cast<void*>(&formulation::derivatives3<steam::Math>)};
   return std::find(std::begin(core), std::end(core), function) != std::end(core);
 }
 

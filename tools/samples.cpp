@@ -20,6 +20,11 @@ double spaced(double a, double b, int i, int n) {
   return a + (b - a) * (1 - std::cos(std::numbers::pi * i / (n - 1))) / 2;
 }
 
+/// The same for a pressure: every other point by its logarithm, so that no decade is left out.
+double spaced_pressure(double a, double b, int i, int n) {
+  return i % 2 == 0 ? spaced(a, b, i, n) : std::exp(spaced(std::log(a), std::log(b), i, n));
+}
+
 double halved(const std::function<double(double)>& f, double a, double b) {
   const bool rising = f(b) > f(a);
   for (int i = 0; i < 100; ++i) {
@@ -55,7 +60,7 @@ std::vector<Sample> water(int n) {
   for (int i = 0; i < n; ++i) {
     const double t = spaced(steam::t_lowest, steam::t_350, i, n);
     for (int j = 0; j < n; ++j) {
-      const double p = spaced(saturation(t), steam::p_highest, j, n);
+      const double p = spaced_pressure(saturation(t), steam::p_highest, j, n);
       all.push_back(sample(steam::Water::terms(p, t), p, t));
     }
   }
@@ -74,9 +79,7 @@ std::vector<Sample> steam_states(int n) {
     const double t = i < n ? spaced(steam::t_lowest, steam::t_line_end, i, n)
                            : spaced(steam::t_line_end, steam::t_highest, i - n, n);
     for (int j = 0; j < n; ++j) {
-      const double root =
-          spaced(std::pow(steam::p_lowest, 0.25), std::pow(steam_limit(t), 0.25), j, n);
-      const double p = std::pow(root, 4);
+      const double p = spaced_pressure(steam::p_lowest, steam_limit(t), j, n);
       all.push_back(sample(steam::Steam::terms(p, t), p, t));
     }
   }

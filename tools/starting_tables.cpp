@@ -2,6 +2,7 @@
 // decisions begin. They are fitted to the equations of the formulation and to nothing else. Run it
 // after a change of a chart's layout:  build/release/tools/starting_tables >src/steam/tables.cpp
 
+#include <bit>
 #include <cmath>
 #include <cstdio>
 #include <functional>
@@ -22,7 +23,6 @@ namespace {
 using steam::Pair;
 using steam::Quantity;
 using steam::Region;
-using steam::Spread;
 
 double quantity_of(const Sample& s, Quantity q) {
   const std::array<double, 6> all{s.p, s.t, s.v, s.h, s.s, s.u};
@@ -32,44 +32,68 @@ double quantity_of(const Sample& s, Quantity q) {
 // ---- Charts -----------------------------------------------------------------------------------
 
 struct Range {
-  Spread how;
   double low, high;
 };
 
-/// Spread and range of a quantity, a little wider than its values.
+/// A little wider than a quantity's values.
 Range range_of(Quantity q) {
   switch (q) {
     case Quantity::p:
-      return {Spread::fourth_root, 0.0061, 1000.1};
+      return {0.0061, 1000.1};
     case Quantity::t:
-      return {Spread::even, 0, 800.1};
+      return {0, 800.1};
     case Quantity::v:
-      return {Spread::inverse_fourth_root, 815, 0.00094};
+      return {0.00094, 815};
     case Quantity::h:
-      return {Spread::even, -5, 4165};
+      return {-5, 4165};
     case Quantity::s:
-      return {Spread::even, -0.02, 11.95};
+      return {-0.02, 11.95};
     default:
-      return {Spread::even, -5, 3670};
+      return {-5, 3670};
   }
 }
 
+/// Resolution of the first and the second axis: cells, or a power of two of cells per octave.
 struct Layout {
   Pair pair;
-  int cells;
+  int first, second;
 };
 
 constexpr std::array layouts{
-    Layout{Pair::pt, 32}, Layout{Pair::pv, 20}, Layout{Pair::ph, 20}, Layout{Pair::ps, 20},
-    Layout{Pair::pu, 20}, Layout{Pair::tv, 20}, Layout{Pair::th, 32}, Layout{Pair::tu, 32},
-    Layout{Pair::ts, 32}, Layout{Pair::hs, 24}, Layout{Pair::us, 24}, Layout{Pair::vh, 24},
-    Layout{Pair::vs, 24}, Layout{Pair::vu, 24},
+    Layout{Pair::pt, 32, 32}, Layout{Pair::pv, 1, 3},   Layout{Pair::ph, 1, 40},
+    Layout{Pair::ps, 1, 40},  Layout{Pair::pu, 1, 40},  Layout{Pair::tv, 20, 2},
+    Layout{Pair::th, 32, 32}, Layout{Pair::tu, 32, 32}, Layout{Pair::ts, 32, 32},
+    Layout{Pair::hs, 24, 24}, Layout{Pair::us, 24, 24}, Layout{Pair::vh, 2, 24},
+    Layout{Pair::vs, 2, 24},  Layout{Pair::vu, 2, 24},
 };
 
-steam::Axis axis(Range range, int cells) {
-  const double low = steam::spread(range.how, range.low);
-  const double high = steam::spread(range.how, range.high);
-  return {range.how, low, cells / (high - low)};
+steam::Axis equal_cells(Range range, int cells) {
+  return {cells, 0, 0, range.low, cells / (range.high - range.low)};
+}
+
+/// @param power  of two: the number of cells per octave
+steam::Axis octaves(Range range, int power) {
+  const int shift = 52 - power;
+  const auto cell = [shift](double value) { return std::bit_cast<std::int64_t>(value) >> shift; };
+  const std::int64_t first = cell(range.low);
+  return {static_cast<int>(cell(range.high) - first) + 1, shift, first, 0, 0};
+}
+
+steam::Axis axis_of(Quantity q, int resolution) {
+  const bool many_decades = q == Quantity::p || q == Quantity::v;
+  return many_decades ? octaves(range_of(q), resolution) : equal_cells(range_of(q), resolution);
+}
+
+/// A chart's axes.
+struct Axes {
+  steam::Axis first, second;
+};
+Axes axes_of(const Layout& layout) {
+  if (layout.pair == Pair::pt) {  // subregion 3 alone
+    return {equal_cells({165.3, 1000.1}, layout.first), equal_cells({350, 590.1}, layout.second)};
+  }
+  const steam::Known& k = steam::known_of(layout.pair);
+  return {axis_of(k.first, layout.first), axis_of(k.second, layout.second)};
 }
 
 /// What the polynomials of a region are to give, in the order of `steam::unknowns`.
@@ -117,27 +141,37 @@ struct Cell {
 /// Cells take in points a little beyond their sides, so that no thin part of a region is missed.
 constexpr double margin = 0.08;
 
+/// The places that a value has in the cell that it is in and in those next to it.
+std::vector<steam::Coordinate> places(const steam::Axis& axis, double value) {
+  std::vector<steam::Coordinate> all;
+  const int middle = axis(value).cell;
+  for (int cell = middle - 1; cell <= middle + 1; ++cell) {
+    const double low = axis.lower_side(cell), high = axis.lower_side(cell + 1);
+    const double place = 2 * (value - low) / (high - low) - 1;
+    if (cell >= 0 && cell < axis.cells && std::abs(place) < 1 + 2 * margin) {
+      all.push_back({cell, place});
+    }
+  }
+  return all;
+}
+
 using Cells = std::map<std::pair<int, Region>, Cell>;
 
-void add_sample(Cells& cells, const Layout& layout, Region region, double i, double j,
+void add_sample(Cells& cells, const Axes& axes, Region region, double first, double second,
                 const std::vector<double>& values) {
-  const int row_low = static_cast<int>(std::floor(j - margin));
-  const int row_high = static_cast<int>(std::floor(j + margin));
-  for (int row = std::max(row_low, 0); row <= std::min(row_high, layout.cells - 1); ++row) {
-    const int low = static_cast<int>(std::floor(i - margin));
-    const int high = static_cast<int>(std::floor(i + margin));
-    for (int column = std::max(low, 0); column <= std::min(high, layout.cells - 1); ++column) {
-      Cell& cell = cells[{row * layout.cells + column, region}];
+  for (const auto& y : places(axes.second, second)) {
+    for (const auto& x : places(axes.first, first)) {
+      Cell& cell = cells[{y.cell * axes.first.cells + x.cell, region}];
       cell.points.resize(values.size());
       for (std::size_t n = 0; n < values.size(); ++n) {
-        cell.points[n].push_back({2 * (i - column) - 1, 2 * (j - row) - 1, values[n]});
+        cell.points[n].push_back({x.place, y.place, values[n]});
       }
-      cell.inside += column == static_cast<int>(i) && row == static_cast<int>(j) ? 1 : 0;
+      cell.inside += std::abs(x.place) <= 1 && std::abs(y.place) <= 1 ? 1 : 0;
     }
   }
 }
 
-Cells cells_of(const Layout& layout, const steam::Axis& first, const steam::Axis& second,
+Cells cells_of(const Layout& layout, const Axes& axes,
                const std::map<Region, std::vector<Sample>>& samples) {
   const steam::Known& k = steam::known_of(layout.pair);
   Cells cells;
@@ -150,8 +184,8 @@ Cells cells_of(const Layout& layout, const steam::Axis& first, const steam::Axis
     }
     for (const Sample& s : states) {
       if (is_preferred(layout.pair, region, s)) {
-        add_sample(cells, layout, as, first(quantity_of(s, k.first)),
-                   second(quantity_of(s, k.second)), targets(layout.pair, region, s));
+        add_sample(cells, axes, as, quantity_of(s, k.first), quantity_of(s, k.second),
+                   targets(layout.pair, region, s));
       }
     }
   }
@@ -165,9 +199,8 @@ const char* name_of(Region region) {
 }
 
 void write_axis(const steam::Axis& a) {
-  constexpr std::array names{"even", "fourth_root", "inverse_fourth_root"};
-  std::printf("{Spread::%s, %.17g, %.17g}", names[static_cast<std::size_t>(a.how)], a.origin,
-              a.scale);
+  std::printf("{%d, %d, %lld, %.17g, %.17g}", a.cells, a.shift, static_cast<long long>(a.first),
+              a.origin, a.scale);
 }
 
 /// The regions that reach into a cell, the one of most points first.
@@ -196,12 +229,11 @@ std::string written(const Coefficients& coefficients) {
   return line;
 }
 
-void write_chart(const Layout& layout, const steam::Axis& first, const steam::Axis& second,
-                 const Cells& cells) {
+void write_chart(const Layout& layout, const Axes& axes, const Cells& cells) {
   const std::string pair = steam::known_of(layout.pair).letters;
   std::string ends, patches, coefficients;
   int patch_count = 0, polynomial_count = 0;
-  for (int cell = 0; cell < layout.cells * layout.cells; ++cell) {
+  for (int cell = 0; cell < axes.first.cells * axes.second.cells; ++cell) {
     for (const auto& [inside, region] : regions_in(cells, cell)) {
       patches +=
           "{R::" + std::string(name_of(region)) + ", " + std::to_string(polynomial_count) + "},\n";
@@ -211,7 +243,7 @@ void write_chart(const Layout& layout, const steam::Axis& first, const steam::Ax
         coefficients += written(fitted(points)) + '\n';
       }
     }
-    ends += std::to_string(patch_count) + (cell % layout.cells == layout.cells - 1 ? ",\n" : ",");
+    ends += std::to_string(patch_count) + (cell % 32 == 31 ? ",\n" : ",");
   }
   std::printf("constexpr std::uint16_t %s_ends[] = {\n%s};\n", pair.c_str(), ends.c_str());
   std::printf("constexpr Patch %s_patches[] = {\n%s};\n", pair.c_str(), patches.c_str());
@@ -219,10 +251,10 @@ void write_chart(const Layout& layout, const steam::Axis& first, const steam::Ax
     coefficients = "0.0F\n";
   }
   std::printf("constexpr float %s_coefficients[] = {\n%s};\n", pair.c_str(), coefficients.c_str());
-  std::printf("constexpr Chart %s_chart{%d, ", pair.c_str(), layout.cells);
-  write_axis(first);
+  std::printf("constexpr Chart %s_chart{", pair.c_str());
+  write_axis(axes.first);
   std::printf(", ");
-  write_axis(second);
+  write_axis(axes.second);
   std::printf(", %s_ends, %s_patches, %s_coefficients};\n\n", pair.c_str(), pair.c_str(),
               pair.c_str());
   std::fprintf(stderr, "%s: %d patches, %d polynomials\n", pair.c_str(), patch_count,
@@ -236,13 +268,8 @@ void write_charts() {
     samples[region] = samples_of(region, 420);
   }
   for (const Layout& layout : layouts) {
-    const steam::Known& k = steam::known_of(layout.pair);
-    const bool dense_only = layout.pair == Pair::pt;
-    const Range a = dense_only ? Range{Spread::even, 165.3, 1000.1} : range_of(k.first);
-    const Range b = dense_only ? Range{Spread::even, 350, 590.1} : range_of(k.second);
-    const steam::Axis first = axis(a, layout.cells);
-    const steam::Axis second = axis(b, layout.cells);
-    write_chart(layout, first, second, cells_of(layout, first, second, samples));
+    const Axes axes = axes_of(layout);
+    write_chart(layout, axes, cells_of(layout, axes, samples));
   }
   std::printf("}  // namespace\n\nconst std::array<Chart, pair_count> charts{{\n");
   for (const steam::Known& k : steam::known) {
@@ -316,6 +343,19 @@ double saturation_temperature_by_halving(double p) {
   return (low + high) / 2;
 }
 
+void write_saturation_temperature() {
+  const steam::Axis axis = octaves({0.0061, 221.21}, 3);
+  std::printf("namespace {\nconstexpr std::array<double, 10> saturation_t_cells[] = {\n");
+  for (int i = 0; i < axis.cells; ++i) {
+    const double low = axis.lower_side(i);
+    write_numbers(
+        interpolated<10>(saturation_temperature_by_halving, low, axis.lower_side(i + 1) - low));
+  }
+  std::printf("};\n}  // namespace\nconst SaturationTemperatureTable saturation_t_table{");
+  write_axis(axis);
+  std::printf(", saturation_t_cells};\n\n");
+}
+
 /// Liquid volume, vapour density, enthalpies, entropies.
 std::array<double, 6> saturated_states(double t) {
   const auto both = [](double v1, double v2, const auto& liquid, const auto& vapour) {
@@ -371,9 +411,7 @@ void write_saturated_table() {
 }
 
 void write_splines() {
-  write_spline<8>(
-      "saturation_t", [](double q) { return saturation_temperature_by_halving(std::pow(q, 4)); },
-      std::pow(0.0061, 0.25), std::pow(221.21, 0.25), 96);
+  write_saturation_temperature();
   write_spline<4>(
       "saturation_root_p", [](double t) { return std::pow(saturation(t), 0.25); }, 0,
       steam::t_critical, 128);

@@ -1,45 +1,68 @@
 #pragma once
 
 #include <array>
-#include <cmath>
+#include <bit>
 #include <cstdint>
 #include <span>
 
+#include "steam/arithmetic.hpp"
 #include "steam/site.hpp"
 
 namespace steam {
 
-// Starting values. The plane of a pair is divided into square cells; a cell holds a cubic
+// Starting values. The plane of a pair is divided into cells; a cell holds a cubic
 // polynomial for each region that reaches into it. The numbers are in tables.cpp, which
 // tools/starting_tables writes from the equations; they decide how many iterations a state takes,
 // never what it is.
 
-/// How a quantity is spread: volumes and pressures of many decades as their fourth roots, volumes
-/// inverted, so that water has its share.
-enum class Spread : std::uint8_t { even, fourth_root, inverse_fourth_root };
+/// A place on one axis: the cell, and from -1 to 1 the place in it.
+struct Coordinate {
+  int cell;
+  double place;
+};
 
-inline double spread(Spread how, double value) {
-  if (how == Spread::even) {
-    return value;
-  }
-  const double root = std::sqrt(std::sqrt(value));
-  return how == Spread::fourth_root ? root : 1 / root;
-}
-
-/// One coordinate of a chart, in cells from 0 to `cells`.
+/// One axis of a chart. Volumes and pressures of many decades are divided by octaves: every factor
+/// of two has the same number of equal cells, so that a number's leading bits are its cell and the
+/// rest of them its place. Other quantities have equal cells all over.
 struct Axis {
-  Spread how;
+  int cells;
+  int shift;           // bits below those that count cells; 0 for equal cells
+  std::int64_t first;  // those that count, of the first cell
   double origin, scale;
-  [[nodiscard]] double operator()(double value) const {
-    return (spread(how, value) - origin) * scale;
-  }
-  /// Derivative of the place in a cell, -1 to 1, over the quantity.
-  [[nodiscard]] double slope(double value) const {
-    if (how == Spread::even) {
-      return 2 * scale;
+
+  /// @return  a cell outside 0 … cells - 1 for values outside the axis and what is no number
+  [[nodiscard]] Coordinate operator()(double value) const {
+    if (shift > 0) {
+      const auto bits = std::bit_cast<std::int64_t>(value);
+      const std::int64_t cell = (bits >> shift) - first;
+      return {static_cast<int>(cell), place_of(bits & ((std::int64_t{1} << shift) - 1))};
     }
-    const double exponent = how == Spread::fourth_root ? 0.25 : -0.25;
-    return 2 * scale * exponent * spread(how, value) / value;
+    const double i = (value - origin) * scale;
+    const int cell = i >= 0 && i < cells ? static_cast<int>(i) : -1;
+    return {cell, 2 * (i - cell) - 1};
+  }
+
+  /// Derivative of the place over the quantity.
+  [[nodiscard]] double slope(double value) const {
+    if (shift > 0) {
+      const std::int64_t cell = std::bit_cast<std::int64_t>(value) >> shift;
+      return 2 / (side(cell + 1) - side(cell));
+    }
+    return 2 * scale;
+  }
+
+  /// The value at the lower side of a cell.
+  [[nodiscard]] double lower_side(int cell) const {
+    return shift > 0 ? side(first + cell) : origin + cell / scale;
+  }
+
+ private:
+  [[nodiscard]] double side(std::int64_t cell) const {
+    return std::bit_cast<double>(cell << shift);
+  }
+  [[nodiscard]] double place_of(std::int64_t rest) const {
+    const double unit = std::bit_cast<double>(std::int64_t{1024 - shift} << 52);  // 2^(1 - shift)
+    return static_cast<double>(rest) * unit - 1;
   }
 };
 
@@ -50,7 +73,6 @@ struct Patch {
 };
 
 struct Chart {
-  int cells;  // per side
   Axis first, second;
   const std::uint16_t* ends;  // by cell, row by row: end of its patches
   const Patch* patches;
@@ -89,19 +111,20 @@ struct Place {
 
 /// No patches outside the chart and in cells without states.
 inline Place place(const Chart& chart, double first, double second) {
-  const double i = chart.first(first);
-  const double j = chart.second(second);
-  if (!(i >= 0 && i < chart.cells && j >= 0 && j < chart.cells)) {
+  const Coordinate x = chart.first(first);
+  const Coordinate y = chart.second(second);
+  const auto is_on = [](const Axis& axis, int cell) {
+    return static_cast<unsigned>(cell) < static_cast<unsigned>(axis.cells);
+  };
+  if (!is_on(chart.first, x.cell) || !is_on(chart.second, y.cell)) {
     return {};
   }
-  const int column = static_cast<int>(i);
-  const int row = static_cast<int>(j);
-  const int cell = row * chart.cells + column;
+  const int cell = y.cell * chart.first.cells + x.cell;
   const std::uint16_t begin = cell == 0 ? std::uint16_t{0} : chart.ends[cell - 1];
   return {{chart.patches + begin, chart.patches + chart.ends[cell]},
           chart.coefficients,
-          2 * (i - column) - 1,
-          2 * (j - row) - 1};
+          x.place,
+          y.place};
 }
 
 /// Whether a pair gives a pressure or a temperature, and leaves one variable open in most regions.
@@ -150,19 +173,16 @@ struct Spline {
     const int cell = i > 0 ? (i < cells ? static_cast<int>(i) : cells - 1) : 0;
     const auto& c = coefficients[cell];
     const double z = 2 * (i - cell) - 1;
-    const double z2 = z * z;
-    // Even and odd powers apart: two short chains in place of a long one.
-    double even = 0, odd = 0;
-    for (std::size_t k = N; k > 0; k -= 2) {
-      odd = odd * z2 + c[k - 1];
-      even = even * z2 + c[k - 2];
-    }
-    return even + z * odd;
+    return SharedDivisions::polynomial(c, z);
   }
 };
 
-/// Saturation temperature, °C, over the fourth root of p; to the rounding below `p_fitted`.
-extern const Spline<8> saturation_t;
+/// Saturation temperature, °C, over p; to the rounding below `p_fitted`.
+struct SaturationTemperatureTable {
+  Axis axis;
+  const std::array<double, 10>* coefficients;
+};
+extern const SaturationTemperatureTable saturation_t_table;
 constexpr double p_fitted = 190;
 /// Fourth root of the saturation pressure over t.
 extern const Spline<4> saturation_root_p;

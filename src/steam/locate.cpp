@@ -244,7 +244,7 @@ template <Pair P>
 bool is_plausible(Region region, Variables start, double a, double b) {
   constexpr Known k = known_of(P);
   if (is_wet(region) && k.first == Quantity::p) {
-    return is_plausibly_wet<P>(region, saturation_t(std::sqrt(std::sqrt(a))), a, b);
+    return a < p_critical && is_plausibly_wet<P>(region, tabulated_saturation_temperature(a), a, b);
   }
   const double t = k.first == Quantity::t ? a : start.t;
   if (is_wet(region)) {

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "formulation/saturation.hpp"
+#include "steam/arithmetic.hpp"
 #include "steam/charts.hpp"
 #include "steam/domain.hpp"
 
@@ -37,10 +38,17 @@ inline bool above_saturation(double p, double t) {
   return !(p < about * (1 - doubt)) && p >= saturation_pressure(t);
 }
 
+/// Saturation temperature from the table, °C.
+/// @param p  pressure, bar [0.0061, 221.2]
+inline double tabulated_saturation_temperature(double p) {
+  const Coordinate at = saturation_t_table.axis(p);
+  return SharedDivisions::polynomial(saturation_t_table.coefficients[at.cell], at.place);
+}
+
 /// Saturation temperature, °C.
 /// @param p  pressure, bar [0.006112444, 221.2]
 inline double saturation_temperature(double p) {
-  double t = saturation_t(std::sqrt(std::sqrt(p)));
+  double t = tabulated_saturation_temperature(p);
   if (p < p_fitted) {
     return std::max(t, t_lowest);
   }

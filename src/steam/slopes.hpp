@@ -56,7 +56,7 @@ inline double isochoric_heat_capacity3(const Terms3& s) {
 /// One quantity of a state.
 /// @param z  p, or v in subregion 3
 template <class Equation, Quantity Q, class Terms>
-double value_of(const Terms& s, double z, double t) {
+[[gnu::always_inline]] inline double value_of(const Terms& s, double z, double t) {
   constexpr bool first = Q == (Equation::by_pressure ? Quantity::p : Quantity::v);
   if constexpr (first) {
     return z;
@@ -85,7 +85,8 @@ struct Sloped {
 
 /// One quantity of a state in subregion 1 or 2.
 template <class Equation, Quantity Q, class Terms>
-Sloped sloped(const Terms& s, double p, double t) requires(Equation::by_pressure) {
+[[gnu::always_inline]] inline Sloped sloped(const Terms& s, double p,
+                                            double t) requires(Equation::by_pressure) {
   using formulation::volume, formulation::volume_slopes, formulation::enthalpy,
       formulation::entropy, formulation::heat_capacity;
   constexpr double c = kj_per_bar_m3;
@@ -109,7 +110,8 @@ Sloped sloped(const Terms& s, double p, double t) requires(Equation::by_pressure
 
 /// One quantity of a state in subregion 3.
 template <class Equation, Quantity Q>
-Sloped sloped(const Terms3& s, double v, double t) requires(!Equation::by_pressure) {
+[[gnu::always_inline]] inline Sloped sloped(const Terms3& s, double v,
+                                            double t) requires(!Equation::by_pressure) {
   constexpr double c = kj_per_bar_m3;
   if constexpr (Q == Quantity::p) {
     return {pressure3(s), pressure3_over_v(s), pressure3_over_t(s)};
