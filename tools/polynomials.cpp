@@ -5,12 +5,29 @@
 
 namespace {
 
-constexpr std::size_t N = 10;
+constexpr std::size_t N = steam::chart_coefficients;
 using Matrix = std::array<std::array<long double, N>, N>;
 
+/// Calls f(number, power of x, power of y) for each coefficient.
+template <class F>
+void for_each_power(F&& f) {
+  std::size_t n = 0;
+  for (std::size_t j = 0; j <= steam::chart_degree; ++j) {
+    for (std::size_t i = 0; i + j <= steam::chart_degree; ++i) {
+      f(n++, i, j);
+    }
+  }
+}
+
 std::array<long double, N> monomials(const FitPoint& p) {
-  const long double x = p.x, y = p.y;
-  return {1, x, y, x * x, x * y, y * y, x * x * x, x * x * y, x * y * y, y * y * y};
+  std::array<long double, steam::chart_degree + 1> x{1}, y{1};
+  for (std::size_t i = 1; i < x.size(); ++i) {
+    x[i] = x[i - 1] * p.x;
+    y[i] = y[i - 1] * p.y;
+  }
+  std::array<long double, N> m{};
+  for_each_power([&](std::size_t n, std::size_t i, std::size_t j) { m[n] = x[i] * y[j]; });
+  return m;
 }
 
 /// Solves A c = b for a symmetric positive A, by Cholesky's method.
@@ -46,8 +63,11 @@ std::array<long double, N> solved(Matrix A, std::array<long double, N> b) {
 
 Polynomial fitted(const std::vector<FitPoint>& points) {
   // Weak springs on all but the constant, stronger for higher powers.
-  constexpr std::array<long double, N> spring{1e-14L, 1e-11L, 1e-11L, 1e-10L, 1e-10L,
-                                              1e-10L, 1e-9L,  1e-9L,  1e-9L,  1e-9L};
+  std::array<long double, N> spring{};
+  for_each_power([&](std::size_t n, std::size_t i, std::size_t j) {
+    constexpr long double weakest = 1e-13L, factor = 3;
+    spring[n] = i + j == 0 ? 1e-16L : weakest * std::pow(factor, static_cast<long double>(i + j));
+  });
   Matrix A{};
   std::array<long double, N> b{};
   for (const FitPoint& point : points) {

@@ -3,9 +3,10 @@
 #include <array>
 #include <vector>
 
-/// A cubic polynomial of two variables between -1 and 1, in the order 1, x, y, x², xy, y², x³, x²y,
-/// xy², y³.
-using Polynomial = std::array<double, 10>;
+#include "steam/charts.hpp"
+
+/// A polynomial of two variables between -1 and 1, in the order of the charts.
+using Polynomial = std::array<double, steam::chart_coefficients>;
 
 struct FitPoint {
   double x, y, value;

@@ -2,6 +2,7 @@
 // decisions begin. They are fitted to the equations of the formulation and to nothing else. Run it
 // after a change of a chart's layout:  build/release/tools/starting_tables >src/steam/tables.cpp
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdio>
@@ -60,11 +61,11 @@ struct Layout {
 };
 
 constexpr std::array layouts{
-    Layout{Pair::pt, 32, 32}, Layout{Pair::pv, 1, 3},   Layout{Pair::ph, 1, 40},
-    Layout{Pair::ps, 1, 40},  Layout{Pair::pu, 1, 40},  Layout{Pair::tv, 20, 2},
-    Layout{Pair::th, 32, 32}, Layout{Pair::tu, 32, 32}, Layout{Pair::ts, 32, 32},
-    Layout{Pair::hs, 24, 24}, Layout{Pair::us, 24, 24}, Layout{Pair::vh, 2, 24},
-    Layout{Pair::vs, 2, 24},  Layout{Pair::vu, 2, 24},
+    Layout{Pair::pt, 24, 24}, Layout{Pair::pv, 1, 3},   Layout{Pair::ph, 1, 24},
+    Layout{Pair::ps, 1, 28},  Layout{Pair::pu, 1, 24},  Layout{Pair::tv, 20, 1},
+    Layout{Pair::th, 32, 32}, Layout{Pair::tu, 32, 32}, Layout{Pair::ts, 24, 24},
+    Layout{Pair::hs, 24, 24}, Layout{Pair::us, 24, 24}, Layout{Pair::vh, 1, 18},
+    Layout{Pair::vs, 1, 18},  Layout{Pair::vu, 1, 18},
 };
 
 steam::Axis equal_cells(Range range, int cells) {
@@ -213,18 +214,28 @@ std::multimap<std::size_t, Region, std::greater<>> regions_in(const Cells& cells
   return regions;
 }
 
-/// Coefficients as single-precision literals.
-template <class Coefficients>
-std::string written(const Coefficients& coefficients) {
+/// A number with so many decimals, without needless zeros, in single precision.
+std::string literal(double number, int decimals) {
+  std::array<char, 60> text{};
+  std::snprintf(text.data(), text.size(), "%.*f", decimals, number);
+  std::string digits = text.data();
+  if (digits.find('.') == std::string::npos) {
+    return digits + ".F,";
+  }
+  digits.erase(digits.find_last_not_of('0') + 1);
+  return digits == "-0." ? "0.F," : digits + "F,";
+}
+
+/// Coefficients to what single precision knows of the largest.
+std::string written(const Polynomial& coefficients) {
+  double largest = 1e-30;
+  for (const double c : coefficients) {
+    largest = std::fmax(largest, std::abs(c));
+  }
+  const int decimals = std::max(0, 7 - static_cast<int>(std::floor(std::log10(largest))));
   std::string line;
   for (const double c : coefficients) {
-    std::array<char, 40> text{};
-    std::snprintf(text.data(), text.size(), "%.7gF,", c);
-    std::string number = text.data();
-    if (number.find_first_of(".e") == std::string::npos) {
-      number.insert(number.size() - 2, ".0");
-    }
-    line += number;
+    line += literal(c, decimals);
   }
   return line;
 }

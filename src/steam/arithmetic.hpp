@@ -31,6 +31,9 @@ struct SharedDivisions : formulation::Elementary {
   template <class Table>
   static double polynomial(const Table& c, double x) {
     constexpr auto size = std::tuple_size_v<Table>;
+    if constexpr (size == 1) {
+      return c[0];
+    }
     constexpr auto last_even = (size - 1) / 2 * 2, last_odd = size / 2 * 2 - 1;
     const double x2 = x * x;
     double even = c[last_even], odd = c[last_odd];

@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstdint>
 #include <span>
+#include <utility>
 
 #include "steam/arithmetic.hpp"
 #include "steam/site.hpp"
@@ -42,15 +43,6 @@ struct Axis {
     return {cell, 2 * (i - cell) - 1};
   }
 
-  /// Derivative of the place over the quantity.
-  [[nodiscard]] double slope(double value) const {
-    if (shift > 0) {
-      const std::int64_t cell = std::bit_cast<std::int64_t>(value) >> shift;
-      return 2 / (side(cell + 1) - side(cell));
-    }
-    return 2 * scale;
-  }
-
   /// The value at the lower side of a cell.
   [[nodiscard]] double lower_side(int cell) const {
     return shift > 0 ? side(first + cell) : origin + cell / scale;
@@ -66,10 +58,14 @@ struct Axis {
   }
 };
 
-/// What one region has in one cell: the number where its coefficients begin.
+/// Polynomials of two variables between -1 and 1, by powers of y and then of x, to this degree.
+constexpr std::size_t chart_degree = 5;
+constexpr std::size_t chart_coefficients = (chart_degree + 1) * (chart_degree + 2) / 2;
+
+/// What one region has in one cell: the number of its first polynomial.
 struct Patch {
   Region region;
-  std::uint16_t polynomials;  // ten coefficients each
+  std::uint16_t polynomials;
 };
 
 struct Chart {
@@ -85,27 +81,23 @@ struct Place {
   const float* coefficients = nullptr;
   double x = 0, y = 0;
 
-  /// The coefficients of polynomial number `index` of a patch.
-  [[nodiscard]] auto of(const Patch& patch, int index) const {
-    const auto number =
-        static_cast<std::size_t>(patch.polynomials) + static_cast<std::size_t>(index);
-    return [begin = coefficients + 10 * number](std::size_t i) {
-      // A place without coefficients has no patches to ask for.
-      return static_cast<double>(begin[i]);  // NOLINT(clang-analyzer-core.NullDereference)
+  /// The value of polynomial number `index` of a patch.
+  [[nodiscard]] double operator()(const Patch& patch, std::size_t index) const {
+    const float* c = coefficients + chart_coefficients * (patch.polynomials + index);
+    std::array<double, chart_degree + 1> over_x{};
+    const auto add = [&]<std::size_t power>() {
+      constexpr std::size_t count = chart_degree + 1 - power;
+      std::array<double, count> row{};
+      for (std::size_t i = 0; i < count; ++i) {
+        row[i] = static_cast<double>(*c++);
+      }
+      over_x[power] = SharedDivisions::polynomial(row, x);
     };
-  }
-
-  /// Its value.
-  [[nodiscard]] double operator()(const Patch& patch, int index) const {
-    const auto c = of(patch, index);
-    return c(0) + x * (c(1) + x * (c(3) + x * c(6))) +
-           y * ((c(2) + x * (c(4) + x * c(7))) + y * ((c(5) + x * c(8)) + y * c(9)));
-  }
-
-  /// Its derivative over y.
-  [[nodiscard]] double over_y(const Patch& patch, int index) const {
-    const auto c = of(patch, index);
-    return (c(2) + x * (c(4) + x * c(7))) + y * (2 * (c(5) + x * c(8)) + y * 3 * c(9));
+    [&]<std::size_t... power>(std::index_sequence<power...>) {
+      (add.template operator()<power>(), ...);
+    }
+    (std::make_index_sequence<chart_degree + 1>{});
+    return SharedDivisions::polynomial(over_x, y);
   }
 };
 

@@ -12,20 +12,15 @@ namespace {
 
 /// Brings a start to the solution in one subregion's equation.
 template <Pair P, class Equation>
-bool solve(double a, double b, Start& start) {
+bool solve(double a, double b, Variables& x) {
   using System = newton::System<P, Equation>;
   if constexpr (System::gives_z) {
-    start.x.z = newton::is_first_variable<known_of(P).first, Equation> ? a : b;
+    x.z = newton::is_first_variable<known_of(P).first, Equation> ? a : b;
   }
   if constexpr (System::gives_t) {
-    start.x.t = a;
+    x.t = a;
   }
-  if constexpr (is_single<P, Equation>) {
-    if (start.slope != 0 && refine_by_secant<P, Equation>(a, b, start)) {
-      return true;
-    }
-  }
-  return refine<P, Equation>(a, b, start.x);
+  return refine<P, Equation>(a, b, x);
 }
 
 /// Water below this may lie around its density maximum.
@@ -53,24 +48,23 @@ bool is_preferred(Variables x) {
 }
 
 template <Pair P>
-Site search_water(double a, double b, Start start) {
-  return solve<P, Water>(a, b, start) && is_preferred<P>(start.x) ? claim_water(start.x) : Site{};
+Site search_water(double a, double b, Variables x) {
+  return solve<P, Water>(a, b, x) && is_preferred<P>(x) ? claim_water(x) : Site{};
 }
 
 template <Pair P>
-Site search_steam(double a, double b, Start start) {
-  return solve<P, Steam>(a, b, start) ? claim_steam(start.x) : Site{};
+Site search_steam(double a, double b, Variables x) {
+  return solve<P, Steam>(a, b, x) ? claim_steam(x) : Site{};
 }
 
 template <Pair P>
-Site search_dense(double a, double b, Start start) {
+Site search_dense(double a, double b, Variables x) {
   constexpr Known k = known_of(P);
   if constexpr (P == Pair::tv) {
-    start.x = {b, a};
-  } else if (!solve<P, Dense>(a, b, start)) {
+    x = {b, a};
+  } else if (!solve<P, Dense>(a, b, x)) {
     return {};
   }
-  const Variables x = start.x;
   const double p = k.first == Quantity::p ? a : pressure3(Dense::terms(x.z, x.t));
   return claim_dense(x, p);
 }
@@ -110,49 +104,36 @@ Site search_wet(double a, double b, double t_start, Region region) {
 
 constexpr double fourth_power(double x) { return (x * x) * (x * x); }
 
-/// Variable z of a region's equation, p or v, with its derivative, from what a polynomial gives.
-struct FromPolynomial {
-  double z, slope;
-};
+/// Variable z of a region's equation, p or v, from what a polynomial gives.
 template <Pair P>
-FromPolynomial from_polynomial(Region region, double value, double slope) {
+double from_polynomial(Region region, double value) {
   if (is_3(region)) {
-    return {1 / value, -slope / (value * value)};
+    return 1 / value;
   }
   // With two unknowns the roots of p are used in every pair.
-  if (region == Region::steam && (gives_root_of_p(P) || !is_line(P))) {
-    return {fourth_power(value), 4 * value * value * value * slope};
-  }
-  return {value, slope};
+  const bool is_root = region == Region::steam && (gives_root_of_p(P) || !is_line(P));
+  return is_root ? fourth_power(value) : value;
 }
 
 /// What the polynomials of a patch say.
 template <Pair P>
-Start start_in(const Place& here, const Patch& patch, double b) {
+Variables start_in(const Place& here, const Patch& patch) {
   const int count = unknowns(P, patch.region);
   if (count == 0) {
     return {};
   }
-  constexpr Known k = known_of(P);
   const double first = here(patch, 0);
   if (count == 2) {
-    return {{from_polynomial<P>(patch.region, first, 0).z, here(patch, 1)}};
+    return {from_polynomial<P>(patch.region, first), here(patch, 1)};
   }
-  if (is_wet(patch.region) || !is_line(P)) {
-    return {{0, first}};
+  if (is_wet(patch.region) || !is_line(P) || known_of(P).first == Quantity::p) {
+    return {0, first};
   }
-  const double over_b = here.over_y(patch, 0) * charts[static_cast<std::size_t>(P)].second.slope(b);
-  if (k.first == Quantity::p) {
-    // In subregion 3 the volume is a variable, and the pressure what is to be met.
-    const bool known_slope = !(is_3(patch.region) && k.second == Quantity::v);
-    return {{0, first}, known_slope ? over_b : 0};
-  }
-  const auto [z, slope] = from_polynomial<P>(patch.region, first, over_b);
-  return {{z, 0}, slope};
+  return {from_polynomial<P>(patch.region, first), 0};
 }
 
 template <Pair P>
-Site search(Region region, double a, double b, const Start& start) {
+Site search(Region region, double a, double b, Variables start) {
   switch (region) {
     case Region::water:
       return search_water<P>(a, b, start);
@@ -160,7 +141,7 @@ Site search(Region region, double a, double b, const Start& start) {
       return search_steam<P>(a, b, start);
     case Region::wet:
     case Region::wet_above_350:
-      return search_wet<P>(a, b, start.x.t, region);
+      return search_wet<P>(a, b, start.t, region);
     default:
       return search_dense<P>(a, b, start);
   }
@@ -190,7 +171,7 @@ bool may_overlap(const Site& site, Overlap widest) {
 template <Pair P>
 Site preferred(const Site& site, double a, double b) {
   for (const Region region : {Region::water, Region::steam, Region::wet}) {
-    const Site other = search<P>(region, a, b, {{site.p, site.t}});
+    const Site other = search<P>(region, a, b, {site.p, site.t});
     if (other && std::abs(other.t - site.t) < 2 * overlap<P>.kelvins) {
       return other;
     }
@@ -204,11 +185,11 @@ template <Pair P>
 Site preferred_to_wet(const Site& site, double a, double b) {
   constexpr double beside = 1e-3;
   if (site.x < beside) {
-    const Site water = search<P>(Region::water, a, b, {{site.p, site.t}});
+    const Site water = search<P>(Region::water, a, b, {site.p, site.t});
     return water ? water : site;
   }
   if (site.x > 1 - beside) {
-    const Site steam = search<P>(Region::steam, a, b, {{site.p, site.t}});
+    const Site steam = search<P>(Region::steam, a, b, {site.p, site.t});
     return steam ? steam : site;
   }
   return site;
@@ -257,7 +238,7 @@ bool is_plausible(Region region, Variables start, double a, double b) {
 }
 
 template <Pair P>
-Site attempt(Region region, double a, double b, const Start& start) {
+Site attempt(Region region, double a, double b, Variables start) {
   const Site site = search<P>(region, a, b, start);
   if (!site) {
     return site;
@@ -276,12 +257,12 @@ Site quick_search(double a, double b) {
   const Place here = place(charts[static_cast<std::size_t>(P)], a, b);
   if (here.patches.size() == 1) {
     const Patch& patch = here.patches[0];
-    return attempt<P>(patch.region, a, b, start_in<P>(here, patch, b));
+    return attempt<P>(patch.region, a, b, start_in<P>(here, patch));
   }
   for (const bool plausible : {true, false}) {
     for (const Patch& patch : here.patches) {
-      const Start start = start_in<P>(here, patch, b);
-      if (is_plausible<P>(patch.region, start.x, a, b) != plausible) {
+      const Variables start = start_in<P>(here, patch);
+      if (is_plausible<P>(patch.region, start, a, b) != plausible) {
         continue;
       }
       const Site site = attempt<P>(patch.region, a, b, start);

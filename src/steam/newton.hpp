@@ -116,49 +116,6 @@ double relative_size(Variables step, Variables x) {
 
 }  // namespace newton
 
-/// A start from a chart.
-struct Start {
-  Variables x;
-  double slope = 0;  ///< of its first variable over the second value of the pair; 0 if not known
-};
-
-/// Whether a pair leaves one variable of the equation open.
-template <Pair P, class Equation>
-constexpr bool is_single =
-    newton::System<P, Equation>::gives_z || newton::System<P, Equation>::gives_t;
-
-/// Two steps towards a pair that leaves one variable open, without derivatives: the first with the
-/// slope of the chart, the second with the secant.
-/// @return  whether that was enough; else the last point is a better start
-template <Pair P, class Equation>
-bool refine_by_secant(double a, double b, Start& start) {
-  using System = newton::System<P, Equation>;
-  constexpr bool over_b = System::solves_b;
-  Variables& x = start.x;
-  double& open = System::gives_z ? x.t : x.z;
-  const auto residual = [&] {
-    const newton::Residuals r = System::residuals(x, a, b);
-    return over_b ? r.second : r.first;
-  };
-  const auto size = [&](double step) {
-    return newton::relative_size<Equation>(
-        System::gives_z ? Variables{0, step} : Variables{step, 0}, x);
-  };
-  const double r = residual();
-  const double step = r * start.slope;
-  if (!(size(step) <= newton::good_start)) {
-    return false;
-  }
-  open += step;
-  const double r_next = residual();
-  // Steps that are rounding themselves make no secant.
-  constexpr double small_secant = 1e-8;
-  const double slope = size(step) > small_secant ? step / (r - r_next) : start.slope;
-  const double last = r_next * slope;
-  open += last;
-  return size(last) * std::fmax(size(step), small_secant) <= newton::rounding;
-}
-
 /// Iteration in one subregion towards a pair; the start is also the result. A Newton step with the
 /// slopes of its point is followed by one that keeps them: next to the solution that is as good,
 /// and it needs the two properties only.
