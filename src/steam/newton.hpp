@@ -45,7 +45,7 @@ struct System {
   static constexpr bool solves_b = !is_first_variable<B, Equation>;
   static constexpr bool solves_a = !is_first_variable<A, Equation> && !gives_t;
 
-  static Matrix matrix(Variables x) {
+  [[gnu::always_inline]] static Matrix matrix(Variables x) {
     const auto terms = Equation::terms(x.z, x.t);
     Matrix m{};
     if constexpr (solves_a) {

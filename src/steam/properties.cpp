@@ -12,14 +12,6 @@ using P = Property;
 constexpr double kj_to_bar_m3 = 1 / kj_per_bar_m3;
 constexpr double pascal = 1e5;  // per bar
 
-// What the properties are made of.
-constexpr Wanted slopes_needed{P::cv, P::speed_of_sound, P::isentropic_exponent};
-constexpr Wanted cp_needed{P::cp, P::cv, P::speed_of_sound, P::isentropic_exponent, P::prandtl};
-constexpr Wanted h_needed{P::h, P::u};
-constexpr Wanted v_needed{P::v,         P::density,        P::u,
-                          P::cv,        P::speed_of_sound, P::isentropic_exponent,
-                          P::viscosity, P::conductivity,   P::prandtl};
-
 double& at(Values& out, Property p) { return out[static_cast<std::size_t>(p)]; }
 
 /// Speed of sound, m/s, and isentropic exponent from (∂v/∂p)s, m³/(kg bar).
@@ -29,52 +21,86 @@ void sound(Values& out, double p, double v, double v_over_p) {
   at(out, P::isentropic_exponent) = square / (p * v);
 }
 
-/// Properties of subregion 1 or 2 but for the transport ones.
-template <class Equation>
-void equilibrium(const Site& site, Wanted wanted, Values& out) {
-  const auto terms = Equation::terms(site.p, site.t);
-  const double v = wanted.any(v_needed) ? formulation::volume(terms) : missing;
-  at(out, P::v) = v;
-  if (wanted.any(h_needed)) {
-    at(out, P::h) = formulation::enthalpy(terms);
-    at(out, P::u) = at(out, P::h) - kj_per_bar_m3 * site.p * v;
+/// What is computed of one phase. An evaluation takes the first of these sets that holds all that
+/// is wanted; the terms that only the others need are then left out of it.
+struct Parts {
+  bool v = false, h = false, s = false, cp = false, slopes = false;
+
+  /// The properties that follow.
+  [[nodiscard]] constexpr Wanted properties() const {
+    Wanted all;
+    const auto add = [&](bool has, Wanted more) { has ? all.add(more) : void(); };
+    add(v, {P::v, P::density, P::viscosity, P::conductivity});
+    add(h, {P::h});
+    add(h && v, {P::u});
+    add(s, {P::s});
+    add(cp, {P::cp, P::prandtl});
+    add(slopes, {P::cv, P::speed_of_sound, P::isentropic_exponent});
+    return all;
   }
-  if (wanted.has(P::s)) {
-    at(out, P::s) = formulation::entropy(terms);
-  }
-  if (wanted.any(cp_needed)) {
-    at(out, P::cp) = formulation::heat_capacity(terms);
-  }
-  if (wanted.any(slopes_needed)) {
-    const auto dv = formulation::volume_slopes(terms);
-    const double cp = at(out, P::cp);
-    const double t_v2 = kelvin(site.t) * dv.over_t * dv.over_t;
-    at(out, P::cv) = cp + kj_per_bar_m3 * t_v2 / dv.over_p;
-    sound(out, site.p, v, dv.over_p + kj_per_bar_m3 * t_v2 / cp);
-  }
+};
+constexpr Parts only_v{.v = true}, only_h{.h = true}, only_vhs{.v = true, .h = true, .s = true};
+constexpr Parts all_but_slopes{.v = true, .h = true, .s = true, .cp = true};
+constexpr Parts all_parts{.v = true, .h = true, .s = true, .cp = true, .slopes = true};
+
+/// Speed of sound, cv and their like in subregion 1 or 2.
+template <class Equation, class Terms>
+void slopes(const Terms& terms, const Site& site, Values& out) requires(Equation::by_pressure) {
+  const auto dv = formulation::volume_slopes(terms);
+  const double cp = at(out, P::cp);
+  const double t_v2 = kelvin(site.t) * dv.over_t * dv.over_t;
+  at(out, P::cv) = cp + kj_per_bar_m3 * t_v2 / dv.over_p;
+  sound(out, site.p, at(out, P::v), dv.over_p + kj_per_bar_m3 * t_v2 / cp);
 }
 
 /// The same in subregion 3.
-template <>
-void equilibrium<Dense>(const Site& site, Wanted wanted, Values& out) {
-  const Terms3 terms = Dense::terms(site.v, site.t);
-  at(out, P::v) = site.v;
-  if (wanted.any(h_needed)) {
-    at(out, P::h) = formulation::enthalpy(terms);
-    at(out, P::u) = at(out, P::h) - kj_per_bar_m3 * site.p * site.v;
+template <class Equation>
+void slopes(const Terms3& terms, const Site& site, Values& out) requires(!Equation::by_pressure) {
+  const double cv = isochoric_heat_capacity3(terms);
+  const double p_t = pressure3_over_t(terms);
+  at(out, P::cv) = cv;
+  sound(out, site.p, site.v,
+        1 / (pressure3_over_v(terms) - kj_per_bar_m3 * kelvin(site.t) * p_t * p_t / cv));
+}
+
+/// Properties of one phase but for the transport ones.
+template <class Equation, Parts parts>
+void equilibrium(const Site& site, Values& out) {
+  const auto terms = Equation::terms(Equation::by_pressure ? site.p : site.v, site.t);
+  if constexpr (!Equation::by_pressure) {
+    at(out, P::v) = site.v;
+  } else if constexpr (parts.v) {
+    at(out, P::v) = formulation::volume(terms);
   }
-  if (wanted.has(P::s)) {
+  if constexpr (parts.h) {
+    at(out, P::h) = formulation::enthalpy(terms);
+  }
+  if constexpr (parts.h && parts.v) {
+    at(out, P::u) = at(out, P::h) - kj_per_bar_m3 * site.p * at(out, P::v);
+  }
+  if constexpr (parts.s) {
     at(out, P::s) = formulation::entropy(terms);
   }
-  if (wanted.any(cp_needed)) {
+  if constexpr (parts.cp) {
     at(out, P::cp) = formulation::heat_capacity(terms);
   }
-  if (wanted.any(slopes_needed)) {
-    const double cv = isochoric_heat_capacity3(terms);
-    const double p_t = pressure3_over_t(terms);
-    at(out, P::cv) = cv;
-    sound(out, site.p, site.v,
-          1 / (pressure3_over_v(terms) - kj_per_bar_m3 * kelvin(site.t) * p_t * p_t / cv));
+  if constexpr (parts.slopes) {
+    slopes<Equation>(terms, site, out);
+  }
+}
+
+template <class Equation>
+void equilibrium(const Site& site, Wanted wanted, Values& out) {
+  if (wanted.within(only_h.properties())) {
+    equilibrium<Equation, only_h>(site, out);
+  } else if (wanted.within(only_v.properties())) {
+    equilibrium<Equation, only_v>(site, out);
+  } else if (wanted.within(only_vhs.properties())) {
+    equilibrium<Equation, only_vhs>(site, out);
+  } else if (wanted.within(all_but_slopes.properties())) {
+    equilibrium<Equation, all_but_slopes>(site, out);
+  } else {
+    equilibrium<Equation, all_parts>(site, out);
   }
 }
 
@@ -101,39 +127,41 @@ double surface_tension(double t) {
   return 235.8e-3 * std::pow(x, 1.256) * (1 - 0.625 * x);
 }
 
-/// The quality of a wet site, which may have to follow from its other quantity.
-template <class Saturation>
-double quality(const Saturation& saturation, const Site& site) {
-  switch (site.given) {
-    case Quantity::x:
-      return site.x;
-    case Quantity::v:
-      return saturation.template ends<Quantity::v>().quality(site.value);
-    case Quantity::h:
-      return saturation.template ends<Quantity::h>().quality(site.value);
-    case Quantity::s:
-      return saturation.template ends<Quantity::s>().quality(site.value);
-    default:
-      return saturation.template ends<Quantity::u>().quality(site.value);
-  }
+/// The property that a wet site is known by.
+Property property_of(Quantity q) {
+  constexpr std::array properties{P::p, P::t, P::v, P::h, P::s, P::u, P::x};
+  return properties[static_cast<std::size_t>(q)];
 }
 
-/// Quality, and mixed v, h, s and u.
-template <class Saturation>
-void mixture(const Saturation& saturation, const Site& site, Wanted wanted, Values& out) {
-  const double x = quality(saturation, site);
+constexpr Wanted mixed_properties{P::v, P::h, P::s, P::u};
+
+/// Quality and the mixed properties.
+void mixture(const Site& site, Wanted wanted, Values& out) {
+  const Property given = property_of(site.given);
+  wanted.add(given);
+  if (wanted.has(P::density)) {
+    wanted.add(P::v);
+  }
+  wanted = wanted.both(mixed_properties);
+  Values liquid, vapour;
+  if (site.region == Region::wet) {
+    equilibrium<Water>(site, wanted, liquid);
+    equilibrium<Steam>(site, wanted, vapour);
+  } else {
+    const SaturatedVolumes v = saturated_volumes(site.t, site.p);
+    Site phase = site;
+    phase.v = v.liquid;
+    equilibrium<Dense>(phase, wanted, liquid);
+    phase.v = v.vapour;
+    equilibrium<Dense>(phase, wanted, vapour);
+  }
+  const auto ends = [&](Property p) { return Ends{at(liquid, p), at(vapour, p)}; };
+  const double x = site.given == Quantity::x ? site.x : ends(given).quality(site.value);
   at(out, P::x) = x;
-  if (wanted.has(P::v) || wanted.has(P::density)) {
-    at(out, P::v) = saturation.template ends<Quantity::v>().mixed(x);
-  }
-  if (wanted.has(P::h)) {
-    at(out, P::h) = saturation.template ends<Quantity::h>().mixed(x);
-  }
-  if (wanted.has(P::s)) {
-    at(out, P::s) = saturation.template ends<Quantity::s>().mixed(x);
-  }
-  if (wanted.has(P::u)) {
-    at(out, P::u) = saturation.template ends<Quantity::u>().mixed(x);
+  for (const Property p : {P::v, P::h, P::s, P::u}) {
+    if (wanted.has(p)) {
+      at(out, p) = ends(p).mixed(x);
+    }
   }
 }
 
@@ -156,11 +184,7 @@ void wet(const Site& site, Wanted wanted, Values& out) {
   if (!wanted.any(mixture_needed) && !(wanted.has(P::x) && site.given != Quantity::x)) {
     return;
   }
-  if (site.region == Region::wet) {
-    mixture(LowSaturation(site.t, site.p), site, wanted, out);
-  } else {
-    mixture(HighSaturation(site.t, site.p), site, wanted, out);
-  }
+  mixture(site, wanted, out);
 }
 
 constexpr Wanted equation_needed{P::v,
@@ -188,7 +212,9 @@ void properties(const Site& site, Wanted wanted, Values& out) {
   if (is_wet(site.region)) {
     wet(site, wanted, out);
   } else if (wanted.any(equation_needed)) {
-    with_equation(site.region, [&]<class Equation>() { equilibrium<Equation>(site, wanted, out); });
+    with_equation(site.region, [&]<class Equation>() {
+      equilibrium<Equation>(site, wanted.both(equation_needed), out);
+    });
     if (wanted.any(transport_needed)) {
       transport(site, wanted, out);
     }

@@ -14,7 +14,15 @@ class Wanted {
     }
   }
   constexpr void add(Property p) { bits_ |= bit(p); }
+  constexpr void add(Wanted more) { bits_ |= more.bits_; }
   [[nodiscard]] constexpr bool has(Property p) const { return (bits_ & bit(p)) != 0; }
+  [[nodiscard]] constexpr bool within(Wanted other) const { return (bits_ & ~other.bits_) == 0; }
+  /// Those that are in both sets.
+  [[nodiscard]] constexpr Wanted both(Wanted other) const {
+    Wanted common;
+    common.bits_ = bits_ & other.bits_;
+    return common;
+  }
   [[nodiscard]] constexpr bool any(Wanted other) const { return (bits_ & other.bits_) != 0; }
 
  private:
