@@ -233,9 +233,11 @@ std::string written(const Polynomial& coefficients) {
     largest = std::fmax(largest, std::abs(c));
   }
   const int decimals = std::max(0, 7 - static_cast<int>(std::floor(std::log10(largest))));
-  std::string line;
-  for (const double c : coefficients) {
-    line += literal(c, decimals);
+  const double rest = coefficients[0] - static_cast<double>(static_cast<float>(coefficients[0]));
+  std::string line = literal(rest, decimals + 2);
+  line += literal(static_cast<double>(static_cast<float>(coefficients[0])), decimals + 2);
+  for (std::size_t i = 1; i < coefficients.size(); ++i) {
+    line += literal(coefficients[i], decimals + 1);
   }
   return line;
 }

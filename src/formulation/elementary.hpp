@@ -16,6 +16,11 @@ constexpr Num horner(const Table& c, Num x) {
   return sum;
 }
 
+/// The product with a constant that is held in extended precision, rounded once.
+inline double extended_product(double x, long double constant) {
+  return static_cast<double>(static_cast<long double>(x) * constant);
+}
+
 /// Divisions, polynomials and the power as they are published. What stands under a fraction line
 /// often does so several times; a policy may make more of it than a number.
 struct PublishedArithmetic {
@@ -28,6 +33,9 @@ struct PublishedArithmetic {
   template <std::size_t N>
   static double polynomial(const Centred<N>& c, double x) {
     return horner(c.published, x);
+  }
+  static double extended_product(double x, long double constant) {
+    return formulation::extended_product(x, constant);
   }
   /// z^(-5/17).
   static double power_m5_17(double z) { return std::pow(z, -0.29411764705882354); }
@@ -51,10 +59,5 @@ struct Elementary : PublishedArithmetic {
     }
   }
 };
-
-/// The product with a constant that is held in extended precision, rounded once.
-inline double extended_product(double x, long double constant) {
-  return static_cast<double>(static_cast<long double>(x) * constant);
-}
 
 }  // namespace formulation

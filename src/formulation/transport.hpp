@@ -31,15 +31,15 @@ constexpr long double one_over_reference_temperature = 0.00154495032984689622312
 template <class Math>
 double viscosity(double v, double t) {
   using namespace viscosity_table;
-  const double T = extended_product(t + celsius_offset, one_over_reference_temperature);
+  const double T = Math::extended_product(t + celsius_offset, one_over_reference_temperature);
   const double u = 1 / T;
-  const double eta0 = Math::sqrt(T) / horner(H, u) * 1.0e-6;
+  const double eta0 = Math::sqrt(T) / Math::polynomial(H, u) * 1.0e-6;
   const double rho = 1 / (v * reference_density);
   const double r = rho - 1;
   const double s = u - 1;
-  double sum = horner(Hij.back(), r);
+  double sum = Math::polynomial(Hij.back(), r);
   for (auto i = Hij.size() - 1; i-- > 0;) {
-    sum = sum * s + horner(Hij[i], r);
+    sum = sum * s + Math::polynomial(Hij[i], r);
   }
   return Math::exp(rho * sum) * eta0;
 }

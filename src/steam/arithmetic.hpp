@@ -49,6 +49,9 @@ struct SharedDivisions : formulation::Elementary {
   static double polynomial(const formulation::Centred<N>& c, double x) {
     return polynomial(c.around, x - c.centre);
   }
+  static double extended_product(double x, long double constant) {
+    return x * static_cast<double>(constant);
+  }
   static double power_m5_17(double z) { return to_minus_5_17(z); }
 };
 

@@ -61,6 +61,8 @@ struct Axis {
 /// Polynomials of two variables between -1 and 1, by powers of y and then of x, to this degree.
 constexpr std::size_t chart_degree = 5;
 constexpr std::size_t chart_coefficients = (chart_degree + 1) * (chart_degree + 2) / 2;
+/// In single precision, and before them what that leaves of the first.
+constexpr std::size_t chart_stride = chart_coefficients + 1;
 
 /// What one region has in one cell: the number of its first polynomial.
 struct Patch {
@@ -83,7 +85,8 @@ struct Place {
 
   /// The value of polynomial number `index` of a patch.
   [[nodiscard]] double operator()(const Patch& patch, std::size_t index) const {
-    const float* c = coefficients + chart_coefficients * (patch.polynomials + index);
+    const float* c = coefficients + chart_stride * (patch.polynomials + index);
+    const auto rest = static_cast<double>(*c++);
     std::array<double, chart_degree + 1> over_x{};
     const auto add = [&]<std::size_t power>() {
       constexpr std::size_t count = chart_degree + 1 - power;
@@ -97,7 +100,7 @@ struct Place {
       (add.template operator()<power>(), ...);
     }
     (std::make_index_sequence<chart_degree + 1>{});
-    return SharedDivisions::polynomial(over_x, y);
+    return SharedDivisions::polynomial(over_x, y) + rest;
   }
 };
 

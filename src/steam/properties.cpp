@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "formulation/transport.hpp"
 #include "steam/quantity.hpp"
+#include "steam/transport.hpp"
 
 namespace steam {
 namespace {
@@ -11,8 +11,6 @@ namespace {
 using P = Property;
 constexpr double kj_to_bar_m3 = 1 / kj_per_bar_m3;
 constexpr double pascal = 1e5;  // per bar
-
-double& at(Values& out, Property p) { return out[static_cast<std::size_t>(p)]; }
 
 /// Speed of sound, m/s, and isentropic exponent from (∂v/∂p)s, m³/(kg bar).
 void sound(Values& out, double p, double v, double v_over_p) {
@@ -104,21 +102,6 @@ void equilibrium(const Site& site, Wanted wanted, Values& out) {
   }
 }
 
-void transport(const Site& site, Wanted wanted, Values& out) {
-  const double v = at(out, P::v);
-  const bool all = wanted.has(P::prandtl);
-  if (all || wanted.has(P::viscosity)) {
-    at(out, P::viscosity) = formulation::viscosity<Math>(v, site.t);
-  }
-  if (all || wanted.has(P::conductivity)) {
-    at(out, P::conductivity) = formulation::conductivity<Math>(v, site.t);
-  }
-  if (all) {
-    constexpr double joule = 1000;  // per kJ
-    at(out, P::prandtl) = at(out, P::viscosity) * at(out, P::cp) * joule / at(out, P::conductivity);
-  }
-}
-
 /// Surface tension of saturated water, N/m; 0 at and beyond its own critical temperature.
 /// @source IAPS release on the surface tension of water substance (1975)
 double surface_tension(double t) {
@@ -199,7 +182,6 @@ constexpr Wanted equation_needed{P::v,
                                  P::viscosity,
                                  P::conductivity,
                                  P::prandtl};
-constexpr Wanted transport_needed{P::viscosity, P::conductivity, P::prandtl};
 
 }  // namespace
 
@@ -215,9 +197,7 @@ void properties(const Site& site, Wanted wanted, Values& out) {
     with_equation(site.region, [&]<class Equation>() {
       equilibrium<Equation>(site, wanted.both(equation_needed), out);
     });
-    if (wanted.any(transport_needed)) {
-      transport(site, wanted, out);
-    }
+    transport(site.t, wanted, out);
   }
   at(out, P::density) = 1 / at(out, P::v);
 }

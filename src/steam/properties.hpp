@@ -32,6 +32,7 @@ class Wanted {
 
 /// Values by `Property`; those that were not wanted are of no meaning.
 using Values = std::array<double, property_count>;
+inline double& at(Values& values, Property p) { return values[static_cast<std::size_t>(p)]; }
 
 /// The wanted properties of a state.
 void properties(const Site& site, Wanted wanted, Values& out);

@@ -30,11 +30,23 @@ constexpr Range range_of(Quantity q, bool saturated) {
   return saturated && q == Quantity::t ? Range{range.lowest, t_critical} : range;
 }
 
+/// By pair, of the first and the second value.
+struct PairRange {
+  Range first, second;
+};
+constexpr std::array<PairRange, pair_count> pair_ranges = [] {
+  std::array<PairRange, pair_count> all{};
+  for (std::size_t i = 0; i < pair_count; ++i) {
+    const bool saturated = known[i].second == Quantity::x;
+    all[i] = {range_of(known[i].first, saturated), range_of(known[i].second, saturated)};
+  }
+  return all;
+}();
+
 /// Whether each of the two values by itself may belong to a state.
 inline bool in_range(Pair pair, double first, double second) {
-  const Known& k = known_of(pair);
-  const bool saturated = k.second == Quantity::x;
-  return range_of(k.first, saturated).has(first) && range_of(k.second, saturated).has(second);
+  const PairRange& range = pair_ranges[static_cast<std::size_t>(pair)];
+  return range.first.has(first) && range.second.has(second);
 }
 
 /// What to say when they are not in range.

@@ -25,12 +25,17 @@ inline SaturationPressure sloped_saturation_pressure(double t) {
   return {p, p * formulation::saturation_log_slope(terms)};
 }
 
+/// Saturation pressure from the table, to a few 1e-5.
+inline double tabulated_saturation_pressure(double t) {
+  const double root = saturation_root_p(t);
+  const double square = root * root;
+  return square * square;
+}
+
 /// Whether p is at or above the saturation pressure at t; the equation decides only where the table
 /// cannot.
 inline bool above_saturation(double p, double t) {
-  const double root = saturation_root_p(t);
-  const double square = root * root;
-  const double about = square * square;
+  const double about = tabulated_saturation_pressure(t);
   constexpr double doubt = 1e-4;
   if (p > about * (1 + doubt)) {
     return true;

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "steam/direct.hpp"
 #include "steam/locate.hpp"
 #include "steam/refusal.hpp"
 
@@ -10,6 +11,9 @@ namespace steam {
 Reason values_of(Pair pair, double first, double second, Wanted wanted, Values& out) {
   Reason reason = Reason::no_state;
   if (in_range(pair, first, second)) {
+    if (direct_values(pair, first, second, wanted, out)) {
+      return Reason::none;
+    }
     const Site site = locate(pair, first, second);
     if (site) {
       properties(site, wanted, out);
