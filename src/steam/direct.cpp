@@ -85,7 +85,9 @@ bool values_on_isobar(Pair pair, double p, double value, Wanted wanted, Values& 
       at(out, P::p) = p;
       at(out, P::region) = static_cast<double>(patch.region);
       at(out, P::x) = at(out, P::surface_tension) = missing;
-      at(out, P::density) = 1 / at(out, P::v);
+      if (wanted.has(P::density)) {
+        at(out, P::density) = 1 / at(out, P::v);
+      }
       transport(at(out, P::t), wanted, out);
     }
     return done;

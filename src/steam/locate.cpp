@@ -31,18 +31,19 @@ constexpr double t_cold = 15;  // °C
 /// one next to saturation, where the quantity falls with pressure from the saturated value.
 template <Pair P>
 bool is_preferred(Variables x) {
-  constexpr Known k = known_of(P);
+  const auto sloped_water = [](Variables at) {
+    return sloped<Water, known_of(P).second>(Water::terms(at.z, at.t), at.z, at.t);
+  };
   if constexpr (P == Pair::pv) {
-    return x.t > t_cold || sloped_quantity(Region::water, Quantity::v, x).over_t > 0;
+    return x.t > t_cold || sloped_water(x).over_t > 0;
   } else if constexpr (P == Pair::th) {
-    return sloped_quantity(Region::water, k.second, x).over_1 < 0;
+    return sloped_water(x).over_1 < 0;
   } else if constexpr (P == Pair::tu || P == Pair::ts) {
     if (x.t > t_cold) {
       return true;
     }
-    const Sloped y = sloped_quantity(Region::water, k.second, x);
-    const Variables saturated{saturation_pressure(x.t), x.t};
-    return y.over_1 < 0 && y.value <= sloped_quantity(Region::water, k.second, saturated).value;
+    const Sloped y = sloped_water(x);
+    return y.over_1 < 0 && y.value <= sloped_water({saturation_pressure(x.t), x.t}).value;
   }
   return true;
 }

@@ -199,7 +199,9 @@ void properties(const Site& site, Wanted wanted, Values& out) {
     });
     transport(site.t, wanted, out);
   }
-  at(out, P::density) = 1 / at(out, P::v);
+  if (wanted.has(P::density)) {
+    at(out, P::density) = 1 / at(out, P::v);
+  }
 }
 
 Phase phase_of(const Values& values) {

@@ -11,6 +11,10 @@ namespace steam {
 Reason values_of(Pair pair, double first, double second, Wanted wanted, Values& out) {
   Reason reason = Reason::no_state;
   if (in_range(pair, first, second)) {
+    if (pair == Pair::pt) {
+      properties(at_pressure_temperature(first, second), wanted, out);
+      return Reason::none;
+    }
     if (direct_values(pair, first, second, wanted, out)) {
       return Reason::none;
     }
