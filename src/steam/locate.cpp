@@ -31,7 +31,7 @@ constexpr double t_cold = 15;  // °C
 /// one next to saturation, where the quantity falls with pressure from the saturated value.
 template <Pair P>
 bool is_preferred(Variables x) {
-  const auto sloped_water = [](Variables at) {
+  const auto sloped_water = [](Variables at) __attribute__((always_inline)) {
     return sloped<Water, known_of(P).second>(Water::terms(at.z, at.t), at.z, at.t);
   };
   if constexpr (P == Pair::pv) {
