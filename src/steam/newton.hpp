@@ -18,7 +18,7 @@ namespace newton {
 constexpr double small_step = 3e-8;
 /// After a step of this size the slopes are still good for another.
 constexpr double good_start = 1e-3;
-constexpr double rounding = 3e-14;
+constexpr double rounding = 2e-15;
 constexpr int most_steps = 12;
 
 template <Quantity Q, class Equation>
@@ -95,8 +95,8 @@ inline Variables limited(Variables step, Variables x) {
 
 /// Whether a residual is no more than the rounding of the property's evaluation.
 constexpr bool is_noise(Quantity q, double residual, double value) {
-  const double absolute = q == Quantity::h || q == Quantity::u ? 4e-10
-                          : q == Quantity::s                   ? 1e-12
+  const double absolute = q == Quantity::h || q == Quantity::u ? 4e-12
+                          : q == Quantity::s                   ? 3e-13
                                                                : 0;
   constexpr double relative = 4e-16;
   return std::abs(residual) <= absolute + relative * std::abs(value);

@@ -57,11 +57,16 @@ inline double saturation_temperature(double p) {
   if (p < p_fitted) {
     return std::max(t, t_lowest);
   }
-  // The last term of the line bends it too sharply for the table; but that is so close that one
-  // step in ln p, with ln(1 + e) = e - e²/2, reaches the rounding.
-  const auto terms = formulation::saturation_terms(t);
-  const double e = p / formulation::saturation_pressure<formulation::Elementary>(terms) - 1;
-  t += (e - e * e / 2) / formulation::saturation_log_slope(terms);
+  // The last term of the line bends it too sharply for the table; but that is so close that a step
+  // or two in ln p, with ln(1 + e) = e - e²/2, reach the rounding.
+  constexpr double enough = 1e-7;
+  constexpr int most_steps = 4;
+  double e = 1;
+  for (int n = 0; n < most_steps && std::abs(e) > enough; ++n) {
+    const auto terms = formulation::saturation_terms(t);
+    e = p / formulation::saturation_pressure<formulation::Elementary>(terms) - 1;
+    t += (e - e * e / 2) / formulation::saturation_log_slope(terms);
+  }
   return std::min(t, t_critical);
 }
 
