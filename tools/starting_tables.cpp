@@ -254,32 +254,49 @@ void write_charts() {
 
 // ---- Splines ----------------------------------------------------------------------------------
 
-/// The polynomial through f at the Chebyshev points of a cell, in powers of the place from -1 to 1.
+/// The Chebyshev points of a cell, from -1 to 1.
 template <std::size_t N>
-std::array<double, N> interpolated(const std::function<double(double)>& f, double low,
-                                   double width) {
-  std::array<long double, N> nodes{}, values{}, c{};
+std::array<double, N> chebyshev_points() {
+  std::array<double, N> points{};
   for (std::size_t i = 0; i < N; ++i) {
-    nodes[i] = std::cos((2 * static_cast<double>(i) + 1) * std::numbers::pi / (2.0 * N));
-    values[i] = f(static_cast<double>(low + (nodes[i] + 1) / 2 * width));
+    points[i] = std::cos((2 * static_cast<double>(i) + 1) * std::numbers::pi / (2.0 * N));
   }
+  return points;
+}
+
+/// The polynomial through values at the Chebyshev points of a cell, in powers of the place.
+template <std::size_t N>
+std::array<double, N> interpolated(const std::array<double, N>& at_points) {
+  const std::array<double, N> points = chebyshev_points<N>();
+  std::array<long double, N> values{}, c{};
+  std::copy(at_points.begin(), at_points.end(), values.begin());
   for (std::size_t order = 1; order < N; ++order) {  // divided differences
     for (std::size_t i = N - 1; i >= order; --i) {
-      values[i] = (values[i] - values[i - 1]) / (nodes[i] - nodes[i - order]);
+      values[i] = (values[i] - values[i - 1]) /
+                  (static_cast<long double>(points[i]) - points[i - order]);
     }
   }
   c[0] = values[N - 1];
   for (std::size_t i = N - 1; i-- > 0;) {  // from Newton's form to powers
     for (std::size_t k = N - 1; k > 0; --k) {
-      c[k] = c[k - 1] - nodes[i] * c[k];
+      c[k] = c[k - 1] - points[i] * c[k];
     }
-    c[0] = values[i] - nodes[i] * c[0];
+    c[0] = values[i] - points[i] * c[0];
   }
   std::array<double, N> result{};
   for (std::size_t i = 0; i < N; ++i) {
     result[i] = static_cast<double>(c[i]);
   }
   return result;
+}
+
+template <std::size_t N>
+std::array<double, N> fitted_to(const std::function<double(double)>& f, double low, double width) {
+  std::array<double, N> values = chebyshev_points<N>();
+  for (double& value : values) {
+    value = f(low + (value + 1) / 2 * width);
+  }
+  return interpolated<N>(values);
 }
 
 template <std::size_t N>
@@ -297,7 +314,7 @@ void write_spline(const char* name, const std::function<double(double)>& f, doub
   const double width = (high - low) / cells;
   std::printf("namespace {\nconstexpr std::array<double, %zu> %s_cells[] = {\n", N, name);
   for (int i = 0; i < cells; ++i) {
-    write_numbers(interpolated<N>(f, low + i * width, width));
+    write_numbers(fitted_to<N>(f, low + i * width, width));
   }
   std::printf("};\n}  // namespace\nconst Spline<%zu> %s{%.17g, %.17g, %d, %s_cells};\n\n", N, name,
               low, 1 / width, cells, name);
@@ -316,58 +333,105 @@ double saturation_temperature_by_halving(double p) {
   return (low + high) / 2;
 }
 
-/// Liquid volume, vapour density, enthalpies, entropies.
-std::array<double, 6> saturated_states(double t) {
-  const auto both = [](double v1, double v2, const auto& liquid, const auto& vapour) {
-    return std::array<double, 6>{v1,
-                                 1 / v2,
-                                 formulation::enthalpy(liquid),
-                                 formulation::enthalpy(vapour),
-                                 steam::entropy_of(liquid),
-                                 steam::entropy_of(vapour)};
-  };
-  if (t > steam::t_350) {
-    const Volumes v = saturated_volumes_by_scan(t);
-    return both(v.liquid, v.vapour, steam::Dense::terms(v.liquid, t),
-                steam::Dense::terms(v.vapour, t));
+/// Liquid and vapour of v, h, s and u.
+using SaturatedState = std::array<std::array<double, 2>, 4>;
+
+template <class Equation>
+std::array<double, 4> phase_state(double z, double v, double t) {
+  const auto terms = Equation::terms(z, t);
+  const double h = formulation::enthalpy(terms);
+  return {v, h, steam::entropy_of(terms), h - steam::kj_per_bar_m3 * saturation(t) * v};
+}
+
+SaturatedState saturated_state(double t, bool above_350) {
+  std::array<double, 4> liquid{}, vapour{};
+  if (above_350) {
+    const Volumes v = t < steam::t_critical ? saturated_volumes_by_scan(t)
+                                            : Volumes{steam::v_critical, steam::v_critical};
+    liquid = phase_state<steam::Dense>(v.liquid, v.liquid, t);
+    vapour = phase_state<steam::Dense>(v.vapour, v.vapour, t);
+  } else {
+    const double p = saturation(t);
+    liquid = phase_state<steam::Water>(p, formulation::volume(steam::Water::terms(p, t)), t);
+    vapour = phase_state<steam::Steam>(p, formulation::volume(steam::Steam::terms(p, t)), t);
   }
-  const auto liquid = steam::Water::terms(saturation(t), t);
-  const auto vapour = steam::Steam::terms(saturation(t), t);
-  return both(formulation::volume(liquid), formulation::volume(vapour), liquid, vapour);
+  SaturatedState state;
+  for (std::size_t q = 0; q < state.size(); ++q) {
+    state[q] = {liquid[q], vapour[q]};
+  }
+  return state;
 }
 
-std::array<double, 6> critical_state() {
-  const auto terms = steam::Dense::terms(steam::v_critical, steam::t_critical);
-  const double h = formulation::enthalpy(terms), s = steam::entropy_of(terms);
-  return {steam::v_critical, 1 / steam::v_critical, h, h, s, s};
-}
+/// A band of equal cells over the square root r of the distance from the critical temperature.
+struct Band {
+  const char* name;
+  double r_low, r_high;
+  int cells;
+  bool above_350;
+  [[nodiscard]] double width() const { return (r_high - r_low) / cells; }
+  [[nodiscard]] SaturatedState at(double r) const {
+    return saturated_state(steam::t_critical - r * r, above_350);
+  }
+};
 
-void write_saturated_table() {
-  const double width =
-      std::sqrt(steam::t_critical - steam::t_350) / steam::saturated_cells_above_350;
-  constexpr int cells = 95;
-  std::printf(
-      "namespace {\nconstexpr std::array<std::array<double, 4>, 6> saturated_cells[] = {\n");
-  for (int i = 0; i < cells; ++i) {
+constexpr std::size_t terms = steam::saturated_terms;
+
+void write_saturated_cell(const Band& band, int cell) {
+  std::array<SaturatedState, terms> states;
+  const std::array<double, terms> points = chebyshev_points<terms>();
+  for (std::size_t i = 0; i < terms; ++i) {
+    states[i] = band.at(band.r_low + (cell + (points[i] + 1) / 2) * band.width());
+  }
+  std::printf("{");
+  for (std::size_t q = 0; q < states[0].size(); ++q) {
+    std::array<std::array<double, terms>, 2> phases{};
+    for (std::size_t phase = 0; phase < 2; ++phase) {
+      std::array<double, terms> values{};
+      for (std::size_t i = 0; i < terms; ++i) {
+        values[i] = states[i][q][phase];
+      }
+      phases[phase] = interpolated<terms>(values);
+    }
     std::printf("{{");
-    for (std::size_t n = 0; n < 6; ++n) {
-      const auto f = [n](double r) { return saturated_states(steam::t_critical - r * r)[n]; };
-      write_numbers(interpolated<4>(f, i * width, width));
+    for (std::size_t k = 0; k < terms; ++k) {
+      std::printf("{%.17g,%.17g},", phases[0][k], phases[1][k]);
     }
     std::printf("}},\n");
   }
-  std::printf("};\nconstexpr SaturatedNode nodes[] = {\n");
-  for (int i = 0; i <= cells; ++i) {
-    const double t = i == steam::saturated_cells_above_350
-                         ? steam::t_350
-                         : steam::t_critical - i * i * width * width;
-    const auto s = i == 0 ? critical_state() : saturated_states(t);
-    std::printf("{%.15g, %.15g, %.15g, %.15g},\n", s[0], 1 / s[1], s[4], s[5]);
+  std::printf("},\n");
+}
+
+void write_sides(const Band& band, const char* quantity, std::size_t q) {
+  for (std::size_t phase = 0; phase < 2; ++phase) {
+    std::printf("constexpr double %s_%s%zu[] = {", band.name, quantity, phase + 1);
+    for (int i = 0; i <= band.cells; ++i) {
+      const double r = i == band.cells ? band.r_high : band.r_low + i * band.width();
+      std::printf("%.17g,", band.at(r)[q][phase]);
+    }
+    std::printf("};\n");
   }
-  std::printf("};\n}  // namespace\n");
-  std::printf("const SaturatedTable saturated_table{%.17g, %d, saturated_cells};\n", 1 / width,
-              cells);
-  std::printf("const std::span<const SaturatedNode> saturated_nodes{nodes};\n\n");
+}
+
+void write_band(const Band& band) {
+  const char* name = band.name;
+  std::printf("namespace {\nconstexpr SaturatedCell %s_cells[] = {\n", name);
+  for (int i = 0; i < band.cells; ++i) {
+    write_saturated_cell(band, i);
+  }
+  std::printf("};\n");
+  write_sides(band, "v", 0);
+  write_sides(band, "s", 2);
+  std::printf("}  // namespace\n");
+  std::printf("const SaturatedBand %s{%.17g, %.17g, %d, %s_cells, {%s_v1, %s_v2}, {%s_s1, %s_s2}};\n\n",
+              name, band.r_low, 1 / band.width(), band.cells, name, name, name, name, name);
+}
+
+void write_saturated_states() {
+  const double r_350 = std::sqrt(steam::t_critical - steam::t_350);
+  const double r_lowest = std::sqrt(steam::t_critical - steam::t_lowest);
+  const int ch = std::getenv("CH") ? std::atoi(std::getenv("CH")) : 48, cl = std::getenv("CL") ? std::atoi(std::getenv("CL")) : 48;
+  write_band({"saturated_above_350", 0, r_350, ch, true});
+  write_band({"saturated_to_350", r_350, r_lowest, cl, false});
 }
 
 void write_splines() {
@@ -377,7 +441,7 @@ void write_splines() {
   write_spline<4>(
       "saturation_root_p", [](double t) { return std::pow(saturation(t), 0.25); }, 0,
       steam::t_critical, 128);
-  write_saturated_table();
+  write_saturated_states();
 }
 
 }  // namespace

@@ -167,20 +167,32 @@ constexpr double p_fitted = 190;
 /// Fourth root of the saturation pressure over t.
 extern const Spline<4> saturation_root_p;
 
-/// Saturated states over √(374.15 °C - t): cells of cubic polynomials for the liquid's volume, the
-/// vapour's density, the enthalpies and the entropies. 350 °C lies between two cells.
-struct SaturatedTable {
-  double scale;
-  int cells;
-  const std::array<std::array<double, 4>, 6>* coefficients;
-};
-extern const SaturatedTable saturated_table;
-constexpr int saturated_cells_above_350 = 24;
+// Saturated states over r = √(374.15 °C - t), in which they are smooth up to the critical point: a
+// band of equal cells above 350 °C, on the equation of subregion 3, and one below. In a cell a
+// polynomial is as good as the equations' rounding, but for the last hundredths of a kelvin.
 
-/// The same at the sides of the cells: volumes and entropies of liquid and vapour.
-struct SaturatedNode {
-  double v1, v2, s1, s2;
+constexpr std::size_t saturated_terms = 8;
+
+/// One quantity in one cell: coefficients of liquid and vapour beside each other, by power of the
+/// place from -1 to 1.
+using SaturatedPolynomial = std::array<std::array<double, 2>, saturated_terms>;
+
+struct SaturatedCell {
+  SaturatedPolynomial v, h, s, u;
 };
-extern const std::span<const SaturatedNode> saturated_nodes;
+
+/// A quantity at the sides of the cells, from the highest temperature down.
+struct SaturatedSides {
+  const double *liquid, *vapour;
+};
+
+struct SaturatedBand {
+  double origin, scale;
+  int cells;
+  const SaturatedCell* polynomials;
+  SaturatedSides v, s;
+};
+extern const SaturatedBand saturated_above_350, saturated_to_350;
+constexpr int most_saturated_cells = 64;  // in one band
 
 }  // namespace steam

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "steam/rough_saturation.hpp"
+#include "steam/tabulated_saturation.hpp"
 
 namespace steam {
 namespace {
@@ -31,7 +31,7 @@ Bracket bracket_of(Region branch, double t) {
 }  // namespace
 
 SaturatedVolumes rough_saturated_volumes(double t) {
-  const Ends v = RoughSaturation(t).ends<Quantity::v>().value;
+  const Ends v = TabulatedSaturation(t).ends<Quantity::v>();
   return {v.liquid, v.vapour};
 }
 

@@ -75,8 +75,9 @@ Site search_dense(double a, double b, Start start) {
   return claim_dense(x, p);
 }
 
-/// Share of the way from liquid to vapour that the table of saturated states may be wrong by.
-constexpr double table_doubt = 1e-3;
+/// Share of the way from liquid to vapour that the table of saturated states may be wrong by, but for
+/// the last kelvin below the critical temperature.
+constexpr double table_doubt = 1e-6;
 
 /// A wet state at a known saturation temperature. Well inside the wet region its quality is left to
 /// whoever wants it.
@@ -87,7 +88,7 @@ Site wet_at(double t, double p, double value) {
             .t = t,
             .given = Q,
             .value = value};
-  const double x = RoughSaturation(t).ends<Q>().value.quality(value);
+  const double x = TabulatedSaturation(t).ends<Q>().quality(value);
   if (x > table_doubt && x < 1 - table_doubt && t < t_critical - 1) {
     return site;
   }
@@ -198,12 +199,15 @@ Site preferred(const Site& site, double a, double b) {
   return site;
 }
 
-/// With an entropy wet states next to saturation may overlap with single-phase ones: the saturation
-/// line and the subregions meet Clapeyron's equation to some 1e-4 only. One phase counts then.
+/// With an entropy a wet state of hardly any vapour may overlap with one of water: the saturation line
+/// and the subregions meet Clapeyron's equation to some 5e-5 only. Cold water has so small a pressure
+/// that this matters: there the entropy of wet states of one enthalpy first falls with the quality,
+/// then rises, and two of them may share a pair with one of water. At the ends of the wet region
+/// there is rounding besides. One phase counts.
 template <Pair P>
 Site preferred_to_wet(const Site& site, double a, double b) {
-  constexpr double beside = 1e-3;
-  if (site.x < beside) {
+  constexpr double beside = 1e-7, beside_cold = 2e-4;
+  if (site.x < (site.t < 2 * t_cold ? beside_cold : beside)) {
     const Site water = search<P>(Region::water, a, b, {{site.p, site.t}});
     return water ? water : site;
   }
@@ -217,7 +221,7 @@ Site preferred_to_wet(const Site& site, double a, double b) {
 template <Pair P>
 bool is_plausibly_wet(Region region, double t, double a, double b) {
   constexpr Known k = known_of(P);
-  const Ends ends = RoughSaturation(t).ends < is_line(P) ? k.second : k.first > ().value;
+  const Ends ends = TabulatedSaturation(t).ends < is_line(P) ? k.second : k.first > ();
   const double x = ends.quality(is_line(P) ? b : a);
   return x >= 0 && x <= 1 && (t <= t_350) == (region == Region::wet);
 }

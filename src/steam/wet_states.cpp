@@ -8,32 +8,58 @@
 namespace steam {
 namespace {
 
-// At a fixed quality volume and entropy may turn twice along the saturation line. The sides of the
-// table's cells tell which cells may hold a solution; only there the equations are asked. The
-// variable is r = √(374.15 °C - t), in which saturated states are smooth up to the critical point.
+// At a fixed quality volume and entropy may turn twice along the saturation line. The values at the
+// sides of the table's cells tell which cells may hold a solution. In such a cell the roots of one
+// polynomial are all solutions; the equations correct each by a step. Only where the table cannot
+// tell whether there is one, at a turn or next to the critical point, are they searched.
 
-const double r_lowest = std::sqrt(t_critical - t_lowest);
+/// The mixed quantity less the wanted value: in one cell, over the place from -1 to 1.
+struct CellPolynomial {
+  std::array<double, saturated_terms> c;
 
-double side(int i) { return i / saturated_table.scale; }
+  [[nodiscard]] Slope operator()(double z) const {
+    double value = c.back(), slope = 0;
+    for (std::size_t k = saturated_terms - 1; k-- > 0;) {
+      slope = slope * z + value;
+      value = value * z + c[k];
+    }
+    return {value, slope};
+  }
+  [[nodiscard]] CellPolynomial derivative() const {
+    CellPolynomial d{};
+    for (std::size_t k = 1; k < saturated_terms; ++k) {
+      d.c[k - 1] = static_cast<double>(k) * c[k];
+    }
+    return d;
+  }
+  /// Whether it surely has no turn in the cell.
+  [[nodiscard]] bool is_monotone() const {
+    double others = 0;
+    for (std::size_t k = 2; k < saturated_terms; ++k) {
+      others += static_cast<double>(k) * std::abs(c[k]);
+    }
+    return std::abs(c[1]) > others;
+  }
+};
 
-double temperature_at(double r) { return t_critical - r * r; }
-
-/// Value and slope of the mixed quantity, less the wanted value.
 struct Target {
   Quantity q;
   double value, x;
 
-  [[nodiscard]] double at_node(int i) const {
-    const SaturatedNode& node = saturated_nodes[static_cast<std::size_t>(i)];
-    return (q == Quantity::s ? node.s1 + x * (node.s2 - node.s1)
-                             : node.v1 + x * (node.v2 - node.v1)) -
-           value;
+  [[nodiscard]] SaturatedSides sides(const SaturatedBand& band) const {
+    return q == Quantity::s ? band.s : band.v;
   }
-  [[nodiscard]] Slope rough(double t) const {
-    const RoughSaturation saturation(t);
-    const SlopedEnds ends =
-        q == Quantity::s ? saturation.ends<Quantity::s>() : saturation.ends<Quantity::v>();
-    return {ends.value.mixed(x) - value, ends.over_t.mixed(x)};
+  [[nodiscard]] double at_side(const SaturatedBand& band, int i) const {
+    return Ends{sides(band).liquid[i], sides(band).vapour[i]}.mixed(x) - value;
+  }
+  [[nodiscard]] CellPolynomial polynomial(const SaturatedCell& cell) const {
+    const SaturatedPolynomial& ends = q == Quantity::s ? cell.s : cell.v;
+    CellPolynomial mixed{};
+    for (std::size_t k = 0; k < saturated_terms; ++k) {
+      mixed.c[k] = ends[k][0] + x * (ends[k][1] - ends[k][0]);
+    }
+    mixed.c[0] -= value;
+    return mixed;
   }
   template <class Saturation>
   [[nodiscard]] double exact(double t) const {
@@ -43,7 +69,7 @@ struct Target {
                .mixed(x) -
            value;
   }
-  /// The equations' slope too.
+  /// The equations' slope too, over the temperature.
   template <class Saturation>
   [[nodiscard]] Slope sloped(double t) const {
     const SaturationPressure line = sloped_saturation_pressure(t);
@@ -51,16 +77,30 @@ struct Target {
     const SlopedEnds ends = q == Quantity::s
                                 ? saturation.template sloped_ends<Quantity::s>(line.over_t)
                                 : saturation.template sloped_ends<Quantity::v>(line.over_t);
-    return {ends.value.mixed(x) - value, ends.over_t.mixed(x)};
+    return {ends.value.mixed(x) - value, ends.slope.mixed(x)};
   }
+  /// Differences that the table cannot tell.
+  [[nodiscard]] double doubt() const { return 1e-8 * (std::abs(value) + 1e-3); }
 };
 
-/// Cells at whose sides differences say little: next to the critical point, where the quantity may
-/// turn twice in one, and beside 350 °C, where it jumps.
-constexpr bool is_at_350(int i) {
-  return i == saturated_cells_above_350 - 1 || i == saturated_cells_above_350;
-}
-constexpr bool is_special(int i) { return i < 2 || is_at_350(i); }
+/// One cell of the table and its temperatures.
+struct Cell {
+  const SaturatedBand* band;
+  int number;
+  [[nodiscard]] double root(double z) const {
+    return band->origin + (number + (z + 1) / 2) / band->scale;
+  }
+  [[nodiscard]] bool is_first() const { return number == 0; }
+  [[nodiscard]] bool is_last() const { return number == band->cells - 1; }
+  /// Next to the critical point, where the table is rough.
+  [[nodiscard]] bool is_critical() const { return band->origin == 0 && number == 0; }
+  [[nodiscard]] double t_high() const {
+    return is_first() && !is_critical() ? t_350 : temperature_of(root(-1));
+  }
+  [[nodiscard]] double t_low() const {
+    return !is_last() ? temperature_of(root(1)) : band->origin == 0 ? t_350 : t_lowest;
+  }
+};
 
 class Scan {
  public:
@@ -68,93 +108,146 @@ class Scan {
       : target_(target), most_(most), states_(states) {}
 
   void run() {
-    double f_before = target_.at_node(0);
-    double f_left = f_before;
-    double f_right = target_.at_node(1);
-    for (int i = 0; i < saturated_table.cells && states_.count < most_; ++i) {
-      const double f_after = target_.at_node(std::min(i + 2, saturated_table.cells));
-      // Beside an extremum the value may lie a little beyond the sides.
-      const double rise = f_right - f_left;
-      const double smaller = std::min(std::abs(f_left), std::abs(f_right));
-      const double reach =
-          std::abs(f_left - f_before) + std::abs(rise) + std::abs(f_after - f_right);
-      const bool turns = is_special(i) || (f_left - f_before) * rise <= 0 ||
-                         (f_after - f_right) * rise <= 0 || (smaller <= reach && slopes_differ(i));
-      if (f_left * f_right <= 0 || smaller <= node_error() ||
-          (turns && smaller <= reach + (is_at_350(i) ? misfit() : 0))) {
-        i < saturated_cells_above_350 ? cell<HighSaturation>(i, turns)
-                                      : cell<LowSaturation>(i, turns);
-      }
-      f_before = f_left;
-      f_left = f_right;
-      f_right = f_after;
-    }
+    band<HighSaturation>(saturated_above_350);
+    band<LowSaturation>(saturated_to_350);
     if (states_.count == 0) {
       close_gap();
     }
   }
 
  private:
-  [[nodiscard]] double node_error() const { return 1e-9 * (std::abs(target_.value) + 1e-3); }
+  template <class Saturation>
+  void band(const SaturatedBand& band) {
+    const SaturatedSides sides = target_.sides(band);
+    std::array<double, most_saturated_cells + 1> f;
+    for (int i = 0; i <= band.cells; ++i) {
+      f[static_cast<std::size_t>(i)] =
+          Ends{sides.liquid[i], sides.vapour[i]}.mixed(target_.x) - target_.value;
+    }
+    for (int i = 0; i < band.cells && wants_more(); ++i) {
+      if (may_hold(f.data() + i, i == 0, i == band.cells - 1)) {
+        cell<Saturation>({&band, i});
+      }
+    }
+  }
 
-  /// Whether the quantity rises at one side of a cell and falls at the other.
-  [[nodiscard]] bool slopes_differ(int i) const {
-    constexpr double inside = 1e-3;
-    const auto slope = [this](double place) {
-      const double r = place / saturated_table.scale;
-      return target_.rough(temperature_at(r)).derivative;
+  /// A state just above 350 °C may have to give way to one below.
+  [[nodiscard]] bool wants_more() const {
+    return states_.count < most_ || (states_.sites[states_.count - 1].t > t_350 &&
+                                     states_.sites[states_.count - 1].t < t_350 + overlap);
+  }
+
+  /// @param f  the values at the two sides of a cell, f[0] and f[1], among the others
+  static bool may_hold(const double* f, bool is_first, bool is_last) {
+    if (f[0] * f[1] <= 0) {
+      return true;
+    }
+    const double rise = f[1] - f[0];
+    const double before = is_first ? 0 : f[0] - f[-1];
+    const double after = is_last ? 0 : f[2] - f[1];
+    // Beside an extremum the value may lie a little beyond the sides.
+    return (before * rise <= 0 || after * rise <= 0) &&
+           std::min(std::abs(f[0]), std::abs(f[1])) <=
+               std::abs(before) + std::abs(rise) + std::abs(after);
+  }
+
+  template <class Saturation>
+  void cell(const Cell& cell) {
+    const CellPolynomial f = target_.polynomial(cell.band->polynomials[cell.number]);
+    const int count = states_.count;
+    if (cell.is_critical() || !by_table<Saturation>(cell, f)) {
+      states_.count = count;
+      by_equations<Saturation>(cell);
+    }
+  }
+
+  /// All solutions in a cell from the roots of its polynomial.
+  /// @return  whether the table could tell
+  template <class Saturation>
+  bool by_table(const Cell& cell, const CellPolynomial& f) {
+    double left = -1;
+    bool sure = true;
+    const auto piece = [&](double right) {
+      sure = sure && in_monotone_piece<Saturation>(cell, f, left, right);
+      left = right;
     };
-    return slope(i + inside) * slope(i + 1 - inside) < 0;
+    if (!f.is_monotone()) {
+      all_roots(f.derivative(), -1.0, 1.0, [&](double turn) {
+        sure = sure && std::abs(f(turn).value) > target_.doubt();
+        piece(turn);
+      });
+    }
+    piece(1);
+    return sure;
   }
 
   template <class Saturation>
-  void cell(int i, bool turns) {
-    const bool low = i >= saturated_cells_above_350;
-    const double t_high = low && i == saturated_cells_above_350 ? t_350 : temperature_at(side(i));
-    const double t_low = std::max(temperature_at(std::min(side(i + 1), r_lowest)), t_lowest);
-    if (turns || !approach<Saturation>(t_low, t_high)) {
-      const auto f = [&](double t) { return target_.sloped<Saturation>(t); };
-      solve(f, t_low, t_high);
+  bool in_monotone_piece(const Cell& cell, const CellPolynomial& f, double left, double right) {
+    const double f_left = f(left).value, f_right = f(right).value;
+    if (f_left * f_right < 0) {
+      constexpr double enough = 1e-7;  // the last step is as exact as the table
+      return approach<Saturation>(cell, f, bracketed_root(f, left, right, f_left, enough));
     }
+    // The sides of neighbouring cells do not quite meet, and those at the end of a band may have a
+    // solution just at the end.
+    if (left == -1 && std::abs(f_left) <= target_.doubt()) {
+      approach<Saturation>(cell, f, left);
+    }
+    if (right == 1 && std::abs(f_right) <= target_.doubt()) {
+      approach<Saturation>(cell, f, right);
+    }
+    return true;
   }
 
-  /// From the table's root with the table's slope.
+  /// From a root of the polynomial with its slope.
   template <class Saturation>
-  bool approach(double t_low, double t_high) {
-    const auto rough = [&](double t) { return target_.rough(t); };
-    const double f_high = rough(t_high).value;
-    if (!(f_high * rough(t_low).value < 0)) {
-      return false;
-    }
-    double t = bracketed_root(rough, t_high, t_low, f_high, 1e-7);
-    const double slope = rough(t).derivative;
+  bool approach(const Cell& cell, const CellPolynomial& f, double z) {
+    const double r = cell.root(z);
+    const double slope = -f(z).derivative * cell.band->scale / r;  // over t
+    double t = temperature_of(r);
     constexpr int most_steps = 6;
     for (int n = 0; n < most_steps; ++n) {
       const double step = -target_.exact<Saturation>(t) / slope;
       t += step;
-      if (!(t >= t_low && t <= t_high)) {
+      constexpr double widest_step = 1e-2;
+      if (!(std::abs(step) <= widest_step)) {
         return false;
       }
-      constexpr double small_step = 2e-9;
-      if (std::abs(step) <= small_step) {
-        add(t);
-        return true;
+      if (std::abs(step) <= wet::small_step(t)) {
+        return add_in(cell, t);
       }
     }
     return false;
   }
 
+  /// A solution may be a little beyond the side of its cell, but not beyond its band.
+  bool add_in(const Cell& cell, double t) {
+    constexpr double boundary_slack = 1e-9;
+    const double high = cell.t_high() + (cell.is_first() ? boundary_slack : 1e-6);
+    const double low = cell.t_low() - (cell.is_last() ? boundary_slack : 1e-6);
+    if (!(t >= low && t <= high)) {
+      return false;
+    }
+    if (cell.band == &saturated_to_350) {
+      add(std::clamp(t, t_lowest, t_350));
+    } else if (t > t_350) {
+      add(t);
+    }
+    return true;
+  }
+
   /// All solutions in a cell, by the equations and brackets.
-  template <class F>
-  void solve(const F& f, double t_low, double t_high) {
-    for (const double end : {t_high, t_low}) {
+  template <class Saturation>
+  void by_equations(const Cell& cell) {
+    const auto f = [&](double t) { return target_.sloped<Saturation>(t); };
+    for (const double end : {cell.t_high(), cell.t_low()}) {
       if (std::abs(f(end).value) <= rounding()) {
-        add(end);
+        add_in(cell, end);
       }
     }
     constexpr int parts = 5;
     all_roots(
-        f, t_high, t_low, [this](double t) { add(t); }, parts);
+        f, cell.t_high(), cell.t_low(), [&](double t) { add_in(cell, t); }, parts);
   }
 
   /// By how much the subregions may miss each other at 350 °C.
@@ -168,7 +261,7 @@ class Scan {
 
   /// A value that neither side of 350 °C reaches: the states there miss each other slightly.
   void close_gap() {
-    if (std::abs(target_.at_node(saturated_cells_above_350)) < misfit()) {
+    if (std::abs(target_.at_side(saturated_to_350, 0)) < misfit()) {
       add(t_350);
       states_.sites[0].approximate = states_.count > 0;
     }
@@ -190,7 +283,7 @@ class Scan {
                     .approximate = is_jump(t)};
     if (states_.count > 0) {
       Site& last = states_.sites[states_.count - 1];
-      constexpr double overlap = 0.5, same = 1e-7;
+      constexpr double same = 1e-7;
       const bool both_sides = last.t > t_350 && t <= t_350 && last.t - t < overlap;
       if (both_sides || std::abs(last.t - t) < same) {
         last = site;
@@ -202,6 +295,7 @@ class Scan {
     }
   }
 
+  static constexpr double overlap = 0.5;  // K: widest at 350 °C
   Target target_;
   int most_;
   WetStates& states_;

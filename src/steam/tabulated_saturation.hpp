@@ -1,0 +1,85 @@
+#pragma once
+
+#include "steam/saturation_line.hpp"
+
+namespace steam {
+
+/// A property of saturated liquid and saturated vapour.
+struct Ends {
+  double liquid, vapour;
+  [[nodiscard]] double mixed(double x) const { return liquid + x * (vapour - liquid); }
+  /// Not a number where the two are one and the value is another.
+  [[nodiscard]] double quality(double value) const {
+    return value == liquid ? 0 : (value - liquid) / (vapour - liquid);
+  }
+};
+
+/// With the slope along the saturation line.
+struct SlopedEnds {
+  Ends value, slope;
+};
+
+/// The variable of the table of saturated states; the square root has a slope up to `least`.
+inline double root_of(double t) {
+  constexpr double least = 1e-6;
+  return std::sqrt(std::max(t_critical - t, least));
+}
+constexpr double temperature_of(double r) { return t_critical - r * r; }
+
+/// Saturated states from the table.
+/// @accuracy  1e-11 to 0.1 K below the critical temperature, 1e-4 above
+class TabulatedSaturation {
+ public:
+  explicit TabulatedSaturation(double t)
+      : TabulatedSaturation(t <= t_350 ? saturated_to_350 : saturated_above_350, root_of(t)) {}
+
+  TabulatedSaturation(const SaturatedBand& band, double r) {
+    const double i = (r - band.origin) * band.scale;
+    const int number = std::clamp(static_cast<int>(i), 0, band.cells - 1);
+    cell_ = band.polynomials + number;
+    z_ = 2 * (i - number) - 1;
+    over_r_ = 2 * band.scale;
+  }
+
+  template <Quantity Q>
+  [[nodiscard]] Ends ends() const {
+    const SaturatedPolynomial& c = of<Q>();
+    double liquid = 0, vapour = 0;
+    for (std::size_t k = saturated_terms; k-- > 0;) {
+      liquid = liquid * z_ + c[k][0];
+      vapour = vapour * z_ + c[k][1];
+    }
+    return {liquid, vapour};
+  }
+
+  /// The slope is over r.
+  template <Quantity Q>
+  [[nodiscard]] SlopedEnds sloped_ends() const {
+    const SaturatedPolynomial& c = of<Q>();
+    Ends value{c.back()[0], c.back()[1]}, slope{0, 0};
+    for (std::size_t k = saturated_terms - 1; k-- > 0;) {
+      slope = {slope.liquid * z_ + value.liquid, slope.vapour * z_ + value.vapour};
+      value = {value.liquid * z_ + c[k][0], value.vapour * z_ + c[k][1]};
+    }
+    return {value, {slope.liquid * over_r_, slope.vapour * over_r_}};
+  }
+
+ private:
+  template <Quantity Q>
+  [[nodiscard]] const SaturatedPolynomial& of() const {
+    if constexpr (Q == Quantity::v) {
+      return cell_->v;
+    } else if constexpr (Q == Quantity::h) {
+      return cell_->h;
+    } else if constexpr (Q == Quantity::s) {
+      return cell_->s;
+    } else {
+      return cell_->u;
+    }
+  }
+
+  const SaturatedCell* cell_;
+  double z_, over_r_;
+};
+
+}  // namespace steam
