@@ -169,9 +169,11 @@ extern const Spline<4> saturation_root_p;
 
 // Saturated states over r = √(374.15 °C - t), in which they are smooth up to the critical point: a
 // band of equal cells above 350 °C, on the equation of subregion 3, and one below. In a cell a
-// polynomial is as good as the equations' rounding, but for the last hundredths of a kelvin.
+// polynomial is about as good as the equations' rounding, but for the last tenth of a kelvin.
 
 constexpr std::size_t saturated_terms = 8;
+/// Closer to the critical point the two saturated volumes of the equation fall together.
+constexpr double r_merging = 0.036;
 
 /// One quantity in one cell: coefficients of liquid and vapour beside each other, by power of the
 /// place from -1 to 1.
@@ -181,18 +183,19 @@ struct SaturatedCell {
   SaturatedPolynomial v, h, s, u;
 };
 
-/// A quantity at the sides of the cells, from the highest temperature down.
-struct SaturatedSides {
-  const double *liquid, *vapour;
+/// A quantity along a band, from the highest temperature down.
+struct SaturatedProfile {
+  const double *liquid, *vapour;  // at the sides of the cells
+  /// By cell, the qualities with which the mixed quantity may turn in it.
+  const double *least_turning, *most_turning;
 };
 
 struct SaturatedBand {
   double origin, scale;
   int cells;
   const SaturatedCell* polynomials;
-  SaturatedSides v, s;
+  SaturatedProfile v, s;
 };
 extern const SaturatedBand saturated_above_350, saturated_to_350;
-constexpr int most_saturated_cells = 64;  // in one band
 
 }  // namespace steam

@@ -8,10 +8,11 @@
 namespace steam {
 namespace {
 
-// At a fixed quality volume and entropy may turn twice along the saturation line. The values at the
-// sides of the table's cells tell which cells may hold a solution. In such a cell the roots of one
-// polynomial are all solutions; the equations correct each by a step. Only where the table cannot
-// tell whether there is one, at a turn or next to the critical point, are they searched.
+// At a fixed quality volume and entropy may turn along the saturation line. A cell of the table may
+// hold a solution if the values at its sides enclose the wanted one, or if the quantity turns in it.
+// There the roots of one polynomial are all solutions; the equations correct each by a step. Only
+// where the table cannot tell whether there is one, at a turn or next to the critical point, are
+// the equations searched.
 
 /// The mixed quantity less the wanted value: in one cell, over the place from -1 to 1.
 struct CellPolynomial {
@@ -32,6 +33,15 @@ struct CellPolynomial {
     }
     return d;
   }
+  /// Whether it surely is farther from zero than `doubt` in the whole cell.
+  [[nodiscard]] bool is_beyond(double doubt) const {
+    double others = 0;
+    for (std::size_t k = 1; k < saturated_terms; ++k) {
+      others += std::abs(c[k]);
+    }
+    constexpr double margin = 1.1;
+    return std::abs(c[0]) > margin * others + doubt;
+  }
   /// Whether it surely has no turn in the cell.
   [[nodiscard]] bool is_monotone() const {
     double others = 0;
@@ -46,11 +56,11 @@ struct Target {
   Quantity q;
   double value, x;
 
-  [[nodiscard]] SaturatedSides sides(const SaturatedBand& band) const {
+  [[nodiscard]] const SaturatedProfile& profile(const SaturatedBand& band) const {
     return q == Quantity::s ? band.s : band.v;
   }
   [[nodiscard]] double at_side(const SaturatedBand& band, int i) const {
-    return Ends{sides(band).liquid[i], sides(band).vapour[i]}.mixed(x) - value;
+    return Ends{profile(band).liquid[i], profile(band).vapour[i]}.mixed(x) - value;
   }
   [[nodiscard]] CellPolynomial polynomial(const SaturatedCell& cell) const {
     const SaturatedPolynomial& ends = q == Quantity::s ? cell.s : cell.v;
@@ -92,10 +102,13 @@ struct Cell {
   }
   [[nodiscard]] bool is_first() const { return number == 0; }
   [[nodiscard]] bool is_last() const { return number == band->cells - 1; }
-  /// Next to the critical point, where the table is rough.
   [[nodiscard]] bool is_critical() const { return band->origin == 0 && number == 0; }
+  /// Where the table begins in the cell.
+  [[nodiscard]] double z_least() const {
+    return is_critical() ? 2 * r_merging * band->scale - 1 : -1;
+  }
   [[nodiscard]] double t_high() const {
-    return is_first() && !is_critical() ? t_350 : temperature_of(root(-1));
+    return is_first() && !is_critical() ? t_350 : temperature_of(root(z_least()));
   }
   [[nodiscard]] double t_low() const {
     return !is_last() ? temperature_of(root(1)) : band->origin == 0 ? t_350 : t_lowest;
@@ -108,7 +121,10 @@ class Scan {
       : target_(target), most_(most), states_(states) {}
 
   void run() {
-    band<HighSaturation>(saturated_above_350);
+    if (reaches_above_350()) {
+      beside_critical_point();
+      band<HighSaturation>(saturated_above_350);
+    }
     band<LowSaturation>(saturated_to_350);
     if (states_.count == 0) {
       close_gap();
@@ -116,18 +132,24 @@ class Scan {
   }
 
  private:
+  /// Liquid and vapour are farthest apart at 350 °C.
+  [[nodiscard]] bool reaches_above_350() const {
+    const SaturatedProfile& profile = target_.profile(saturated_above_350);
+    const int last = saturated_above_350.cells;
+    return target_.value >= profile.liquid[last] && target_.value <= profile.vapour[last];
+  }
+
   template <class Saturation>
   void band(const SaturatedBand& band) {
-    const SaturatedSides sides = target_.sides(band);
-    std::array<double, most_saturated_cells + 1> f;
-    for (int i = 0; i <= band.cells; ++i) {
-      f[static_cast<std::size_t>(i)] =
-          Ends{sides.liquid[i], sides.vapour[i]}.mixed(target_.x) - target_.value;
-    }
+    const SaturatedProfile& profile = target_.profile(band);
+    const double x = target_.x;
+    double left = target_.at_side(band, 0);
     for (int i = 0; i < band.cells && wants_more(); ++i) {
-      if (may_hold(f.data() + i, i == 0, i == band.cells - 1)) {
+      const double right = target_.at_side(band, i + 1);
+      if (left * right <= 0 || (x >= profile.least_turning[i] && x <= profile.most_turning[i])) {
         cell<Saturation>({&band, i});
       }
+      left = right;
     }
   }
 
@@ -137,27 +159,17 @@ class Scan {
                                      states_.sites[states_.count - 1].t < t_350 + overlap);
   }
 
-  /// @param f  the values at the two sides of a cell, f[0] and f[1], among the others
-  static bool may_hold(const double* f, bool is_first, bool is_last) {
-    if (f[0] * f[1] <= 0) {
-      return true;
-    }
-    const double rise = f[1] - f[0];
-    const double before = is_first ? 0 : f[0] - f[-1];
-    const double after = is_last ? 0 : f[2] - f[1];
-    // Beside an extremum the value may lie a little beyond the sides.
-    return (before * rise <= 0 || after * rise <= 0) &&
-           std::min(std::abs(f[0]), std::abs(f[1])) <=
-               std::abs(before) + std::abs(rise) + std::abs(after);
-  }
-
   template <class Saturation>
   void cell(const Cell& cell) {
     const CellPolynomial f = target_.polynomial(cell.band->polynomials[cell.number]);
+    if (f.is_beyond(target_.doubt())) {
+      return;
+    }
     const int count = states_.count;
-    if (cell.is_critical() || !by_table<Saturation>(cell, f)) {
+    if (!by_table<Saturation>(cell, f)) {
       states_.count = count;
-      by_equations<Saturation>(cell);
+      by_equations<Saturation>(cell.t_high(), cell.t_low(),
+                               [&](double t) { add_in(cell, t); });
     }
   }
 
@@ -165,14 +177,14 @@ class Scan {
   /// @return  whether the table could tell
   template <class Saturation>
   bool by_table(const Cell& cell, const CellPolynomial& f) {
-    double left = -1;
+    double left = cell.z_least();
     bool sure = true;
     const auto piece = [&](double right) {
       sure = sure && in_monotone_piece<Saturation>(cell, f, left, right);
       left = right;
     };
     if (!f.is_monotone()) {
-      all_roots(f.derivative(), -1.0, 1.0, [&](double turn) {
+      all_roots(f.derivative(), left, 1.0, [&](double turn) {
         sure = sure && std::abs(f(turn).value) > target_.doubt();
         piece(turn);
       });
@@ -190,7 +202,7 @@ class Scan {
     }
     // The sides of neighbouring cells do not quite meet, and those at the end of a band may have a
     // solution just at the end.
-    if (left == -1 && std::abs(f_left) <= target_.doubt()) {
+    if (left == cell.z_least() && std::abs(f_left) <= target_.doubt()) {
       approach<Saturation>(cell, f, left);
     }
     if (right == 1 && std::abs(f_right) <= target_.doubt()) {
@@ -236,18 +248,29 @@ class Scan {
     return true;
   }
 
-  /// All solutions in a cell, by the equations and brackets.
-  template <class Saturation>
-  void by_equations(const Cell& cell) {
+  /// All solutions between two temperatures, by the equations and brackets.
+  template <class Saturation, class Found>
+  void by_equations(double t_high, double t_low, const Found& found) {
     const auto f = [&](double t) { return target_.sloped<Saturation>(t); };
-    for (const double end : {cell.t_high(), cell.t_low()}) {
+    for (const double end : {t_high, t_low}) {
       if (std::abs(f(end).value) <= rounding()) {
-        add_in(cell, end);
+        found(end);
       }
     }
     constexpr int parts = 5;
-    all_roots(
-        f, cell.t_high(), cell.t_low(), [&](double t) { add_in(cell, t); }, parts);
+    all_roots(f, t_high, t_low, found, parts);
+  }
+
+  /// Where the two saturated volumes merge the sum jumps, and the table says nothing.
+  void beside_critical_point() {
+    const TabulatedSaturation saturation(saturated_above_350, r_merging);
+    const Ends ends = target_.q == Quantity::s ? saturation.ends<Quantity::s>()
+                                               : saturation.ends<Quantity::v>();
+    constexpr double room = 1e-4;
+    if (target_.value > ends.liquid * (1 - room) && target_.value < ends.vapour * (1 + room)) {
+      by_equations<HighSaturation>(t_critical, temperature_of(r_merging),
+                                   [this](double t) { add(t); });
+    }
   }
 
   /// By how much the subregions may miss each other at 350 °C.
@@ -267,7 +290,7 @@ class Scan {
     }
   }
 
-  /// Where the two saturated volumes merge the sum jumps, and a bracket may close on the jump.
+  /// A bracket may close on the jump where the two saturated volumes merge.
   [[nodiscard]] bool is_jump(double t) const {
     constexpr double t_merging = t_critical - 2e-3;
     constexpr double miss = 1e-9;
