@@ -188,9 +188,20 @@ bool may_overlap(const Site& site, Overlap widest) {
   return site.region == Region::wet_above_350 && site.t < t_350 + widest.kelvins;
 }
 
+/// A wet state overlaps with one of a single phase only next to it; a quality that was left open may
+/// be anything.
+bool may_overlap_with(Region region, const Site& site) {
+  constexpr double beside = 0.01;
+  return !(region == Region::water && site.x > beside) &&
+         !(region == Region::steam && site.x < 1 - beside);
+}
+
 template <Pair P>
 Site preferred(const Site& site, double a, double b) {
   for (const Region region : {Region::water, Region::steam, Region::wet}) {
+    if (!may_overlap_with(region, site)) {
+      continue;
+    }
     const Site other = search<P>(region, a, b, {{site.p, site.t}});
     if (other && std::abs(other.t - site.t) < 2 * overlap<P>.kelvins) {
       return other;
@@ -199,30 +210,30 @@ Site preferred(const Site& site, double a, double b) {
   return site;
 }
 
-/// With an entropy a wet state of hardly any vapour may overlap with one of water: the saturation line
-/// and the subregions meet Clapeyron's equation to some 5e-5 only. Cold water has so small a pressure
-/// that this matters: there the entropy of wet states of one enthalpy first falls with the quality,
-/// then rises, and two of them may share a pair with one of water. At the ends of the wet region
-/// there is rounding besides. One phase counts.
+/// With an entropy a wet state beside the saturation line may share its pair with one of a single
+/// phase, which counts then. At the ends of the wet region that is a matter of rounding. But the
+/// saturation line and the subregions meet Clapeyron's equation to some 5e-5 only, and the pressure
+/// of cold water is so small that this matters: there the entropy of wet states of one enthalpy
+/// first falls with the quality, then rises, and two of them share a pair with one of water.
 template <Pair P>
 Site preferred_to_wet(const Site& site, double a, double b) {
+  if ((P != Pair::hs && P != Pair::us) || site.region != Region::wet) {
+    return site;
+  }
   constexpr double beside = 1e-7, beside_cold = 2e-4;
-  if (site.x < (site.t < 2 * t_cold ? beside_cold : beside)) {
-    const Site water = search<P>(Region::water, a, b, {{site.p, site.t}});
-    return water ? water : site;
+  const bool cold = P == Pair::hs && site.t < 2 * t_cold;
+  Site single;
+  if (site.x < (cold ? beside_cold : beside)) {
+    single = search<P>(Region::water, a, b, {{site.p, site.t}});
+  } else if (site.x > 1 - beside) {
+    single = search<P>(Region::steam, a, b, {{site.p, site.t}});
   }
-  if (site.x > 1 - beside) {
-    const Site steam = search<P>(Region::steam, a, b, {{site.p, site.t}});
-    return steam ? steam : site;
-  }
-  return site;
+  return single ? single : site;
 }
 
 template <Pair P>
-bool is_plausibly_wet(Region region, double t, double a, double b) {
-  constexpr Known k = known_of(P);
-  const Ends ends = TabulatedSaturation(t).ends < is_line(P) ? k.second : k.first > ();
-  const double x = ends.quality(is_line(P) ? b : a);
+bool is_plausibly_wet(Region region, double t, double value) {
+  const double x = TabulatedSaturation(t).ends<known_of(P).second>().quality(value);
   return x >= 0 && x <= 1 && (t <= t_350) == (region == Region::wet);
 }
 
@@ -247,12 +258,10 @@ inline bool is_plausible_at(Region region, double p, double t) {
 template <Pair P>
 bool is_plausible(Region region, Variables start, double a, double b) {
   constexpr Known k = known_of(P);
-  if (is_wet(region) && k.first == Quantity::p) {
-    return is_plausibly_wet<P>(region, saturation_t(std::sqrt(std::sqrt(a))), a, b);
-  }
   const double t = k.first == Quantity::t ? a : start.t;
   if (is_wet(region)) {
-    return is_plausibly_wet<P>(region, t, a, b);
+    return is_plausibly_wet<P>(
+        region, k.first == Quantity::p ? saturation_t(std::sqrt(std::sqrt(a))) : t, b);
   }
   if (is_3(region)) {
     return is_plausibly_dense(k.second == Quantity::v ? b : start.z, t);
@@ -266,12 +275,26 @@ Site attempt(Region region, double a, double b, const Start& start) {
   if (!site) {
     return site;
   }
-  if constexpr (P == Pair::hs || P == Pair::us) {
-    if (site.region == Region::wet) {
-      return preferred_to_wet<P>(site, a, b);
+  return may_overlap(site, overlap<P>) ? preferred<P>(site, a, b)
+                                       : preferred_to_wet<P>(site, a, b);
+}
+
+/// Pairs whose wet states are searched on the table before anything else: other states end there
+/// after a few polynomials, while a search in the wrong region is the most expensive of all.
+template <Pair P>
+constexpr bool begins_with_wet = !is_line(P);
+
+template <Pair P>
+Site attempt_wet(const Place& here, double a, double b) {
+  for (const Patch& patch : here.patches) {
+    if (is_wet(patch.region)) {
+      const Site site = attempt<P>(patch.region, a, b, start_in<P>(here, patch, b));
+      if (site) {
+        return site;
+      }
     }
   }
-  return may_overlap(site, overlap<P>) ? preferred<P>(site, a, b) : site;
+  return {};
 }
 
 /// Starts that look right come first, the others when those lead nowhere.
@@ -282,8 +305,17 @@ Site quick_search(double a, double b) {
     const Patch& patch = here.patches[0];
     return attempt<P>(patch.region, a, b, start_in<P>(here, patch, b));
   }
+  if constexpr (begins_with_wet<P>) {
+    const Site site = attempt_wet<P>(here, a, b);
+    if (site) {
+      return site;
+    }
+  }
   for (const bool plausible : {true, false}) {
     for (const Patch& patch : here.patches) {
+      if (begins_with_wet<P> && is_wet(patch.region)) {
+        continue;
+      }
       const Start start = start_in<P>(here, patch, b);
       if (is_plausible<P>(patch.region, start.x, a, b) != plausible) {
         continue;
@@ -311,7 +343,7 @@ Site search_line(double a, double b) {
 template <Pair P>
 Site search_plane(double a, double b) {
   const Site site = quick_search<P>(a, b);
-  return site ? site : nested_search(P, a, b);
+  return site ? site : preferred_to_wet<P>(nested_search(P, a, b), a, b);
 }
 
 Site search_saturated(double t, double p, double x) {
