@@ -231,10 +231,13 @@ Site preferred_to_wet(const Site& site, double a, double b) {
   return single ? single : site;
 }
 
+/// @param room  how far the quality may be below 0
 template <Pair P>
-bool is_plausibly_wet(Region region, double t, double value) {
-  const double x = TabulatedSaturation(t).ends<known_of(P).second>().quality(value);
-  return x >= 0 && x <= 1 && (t <= t_350) == (region == Region::wet);
+bool is_plausibly_wet(Region region, double t, double a, double b, double room = 0) {
+  constexpr Known k = known_of(P);
+  const Ends ends = TabulatedSaturation(t).ends < is_line(P) ? k.second : k.first > ();
+  const double x = ends.quality(is_line(P) ? b : a);
+  return x >= -room && x <= 1 && (t <= t_350) == (region == Region::wet);
 }
 
 inline bool is_plausibly_dense(double v, double t) {
@@ -261,7 +264,7 @@ bool is_plausible(Region region, Variables start, double a, double b) {
   const double t = k.first == Quantity::t ? a : start.t;
   if (is_wet(region)) {
     return is_plausibly_wet<P>(
-        region, k.first == Quantity::p ? saturation_t(std::sqrt(std::sqrt(a))) : t, b);
+        region, k.first == Quantity::p ? saturation_t(std::sqrt(std::sqrt(a))) : t, a, b);
   }
   if (is_3(region)) {
     return is_plausibly_dense(k.second == Quantity::v ? b : start.z, t);
@@ -279,16 +282,23 @@ Site attempt(Region region, double a, double b, const Start& start) {
                                        : preferred_to_wet<P>(site, a, b);
 }
 
-/// Pairs whose wet states are searched on the table before anything else: other states end there
-/// after a few polynomials, while a search in the wrong region is the most expensive of all.
+/// Pairs of which wet states and those of one phase lie so close together that starts in the wrong
+/// region look right.
 template <Pair P>
-constexpr bool begins_with_wet = !is_line(P);
+constexpr bool begins_with_wet = P == Pair::hs || P == Pair::us;
 
+/// Wet states come first there: whether it is one shows on the table, while a search in the wrong
+/// region of one phase is the most expensive of all.
 template <Pair P>
 Site attempt_wet(const Place& here, double a, double b) {
   for (const Patch& patch : here.patches) {
-    if (is_wet(patch.region)) {
-      const Site site = attempt<P>(patch.region, a, b, start_in<P>(here, patch, b));
+    if (!is_wet(patch.region)) {
+      continue;
+    }
+    constexpr double room = 0.02;
+    const Start start = start_in<P>(here, patch, b);
+    if (is_plausibly_wet<P>(patch.region, start.x.t, a, b, room)) {
+      const Site site = attempt<P>(patch.region, a, b, start);
       if (site) {
         return site;
       }
@@ -313,11 +323,12 @@ Site quick_search(double a, double b) {
   }
   for (const bool plausible : {true, false}) {
     for (const Patch& patch : here.patches) {
-      if (begins_with_wet<P> && is_wet(patch.region)) {
+      const bool is_late = begins_with_wet<P> && is_wet(patch.region);
+      if (is_late && plausible) {
         continue;
       }
       const Start start = start_in<P>(here, patch, b);
-      if (is_plausible<P>(patch.region, start.x, a, b) != plausible) {
+      if (!is_late && is_plausible<P>(patch.region, start.x, a, b) != plausible) {
         continue;
       }
       const Site site = attempt<P>(patch.region, a, b, start);

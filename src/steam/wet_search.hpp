@@ -59,8 +59,9 @@ Start tabulated(const SaturatedBand& band, double a, double b, double t) {
     const SlopedEnds first = saturation.sloped_ends<A>();
     const SlopedEnds second = saturation.sloped_ends<B>();
     const Excess e = excess(first.value, second.value, a, b);
-    constexpr double beyond = 1.5;  // a start there belongs to one of the phases
-    if (!(std::abs(e.x - 0.5) < beyond)) {
+    // After two steps a wet state is close.
+    const double beyond = n < 2 ? 1 : 0.01;
+    if (!(std::abs(e.x - 0.5) < 0.5 + beyond)) {
       return {};
     }
     const Slopes over_r = slopes(first, second, e.x);
