@@ -272,8 +272,8 @@ std::array<double, N> interpolated(const std::array<double, N>& at_points) {
   std::copy(at_points.begin(), at_points.end(), values.begin());
   for (std::size_t order = 1; order < N; ++order) {  // divided differences
     for (std::size_t i = N - 1; i >= order; --i) {
-      values[i] = (values[i] - values[i - 1]) /
-                  (static_cast<long double>(points[i]) - points[i - order]);
+      values[i] =
+          (values[i] - values[i - 1]) / (static_cast<long double>(points[i]) - points[i - order]);
     }
   }
   c[0] = values[N - 1];
@@ -504,7 +504,8 @@ void write_band(const Band& band) {
 void write_saturated_states() {
   const double r_350 = std::sqrt(steam::t_critical - steam::t_350);
   const double r_lowest = std::sqrt(steam::t_critical - steam::t_lowest);
-  const int ch = std::getenv("CH") ? std::atoi(std::getenv("CH")) : 48, cl = std::getenv("CL") ? std::atoi(std::getenv("CL")) : 48;
+  const int ch = std::getenv("CH") ? std::atoi(std::getenv("CH")) : 48,
+            cl = std::getenv("CL") ? std::atoi(std::getenv("CL")) : 48;
   write_band({"saturated_above_350", 0, r_350, ch, true});
   write_band({"saturated_to_350", r_350, r_lowest, cl, false});
 }

@@ -75,8 +75,8 @@ Site search_dense(double a, double b, Start start) {
   return claim_dense(x, p);
 }
 
-/// Share of the way from liquid to vapour that the table of saturated states may be wrong by, but for
-/// the last kelvin below the critical temperature.
+/// Share of the way from liquid to vapour that the table of saturated states may be wrong by, but
+/// for the last kelvin below the critical temperature.
 constexpr double table_doubt = 1e-6;
 
 /// A wet state at a known saturation temperature. Well inside the wet region its quality is left to
@@ -188,8 +188,8 @@ bool may_overlap(const Site& site, Overlap widest) {
   return site.region == Region::wet_above_350 && site.t < t_350 + widest.kelvins;
 }
 
-/// A wet state overlaps with one of a single phase only next to it; a quality that was left open may
-/// be anything.
+/// A wet state overlaps with one of a single phase only next to it; a quality that was left open
+/// may be anything.
 bool may_overlap_with(Region region, const Site& site) {
   constexpr double beside = 0.01;
   return !(region == Region::water && site.x > beside) &&
@@ -278,8 +278,7 @@ Site attempt(Region region, double a, double b, const Start& start) {
   if (!site) {
     return site;
   }
-  return may_overlap(site, overlap<P>) ? preferred<P>(site, a, b)
-                                       : preferred_to_wet<P>(site, a, b);
+  return may_overlap(site, overlap<P>) ? preferred<P>(site, a, b) : preferred_to_wet<P>(site, a, b);
 }
 
 /// Pairs of which wet states and those of one phase lie so close together that starts in the wrong

@@ -44,27 +44,40 @@ class TabulatedSaturation {
   template <Quantity Q>
   [[nodiscard]] Ends ends() const {
     const SaturatedPolynomial& c = of<Q>();
-    double liquid = 0, vapour = 0;
-    for (std::size_t k = saturated_terms; k-- > 0;) {
-      liquid = liquid * z_ + c[k][0];
-      vapour = vapour * z_ + c[k][1];
+    const double z2 = z_ * z_;
+    // Even and odd powers apart: two short chains in place of a long one.
+    Both even = c[saturated_terms - 2], odd = c[saturated_terms - 1];
+    for (std::size_t k = saturated_terms - 2; k > 0; k -= 2) {
+      even = nested(even, z2, c[k - 2]);
+      odd = nested(odd, z2, c[k - 1]);
     }
-    return {liquid, vapour};
+    return as_ends(nested(odd, z_, even));
   }
 
   /// The slope is over r.
   template <Quantity Q>
   [[nodiscard]] SlopedEnds sloped_ends() const {
     const SaturatedPolynomial& c = of<Q>();
-    Ends value{c.back()[0], c.back()[1]}, slope{0, 0};
-    for (std::size_t k = saturated_terms - 1; k-- > 0;) {
-      slope = {slope.liquid * z_ + value.liquid, slope.vapour * z_ + value.vapour};
-      value = {value.liquid * z_ + c[k][0], value.vapour * z_ + c[k][1]};
+    const double z2 = z_ * z_;
+    Both even = c[saturated_terms - 2], odd = c[saturated_terms - 1];
+    Both even_slope{}, odd_slope{};  // over z²
+    for (std::size_t k = saturated_terms - 2; k > 0; k -= 2) {
+      even_slope = nested(even_slope, z2, even);
+      odd_slope = nested(odd_slope, z2, odd);
+      even = nested(even, z2, c[k - 2]);
+      odd = nested(odd, z2, c[k - 1]);
     }
-    return {value, {slope.liquid * over_r_, slope.vapour * over_r_}};
+    const Both slope = nested(nested(odd_slope, z_, even_slope), 2 * z_, odd);
+    return {as_ends(nested(odd, z_, even)), {slope[0] * over_r_, slope[1] * over_r_}};
   }
 
  private:
+  using Both = std::array<double, 2>;
+  static Both nested(const Both& outer, double z, const Both& inner) {
+    return {outer[0] * z + inner[0], outer[1] * z + inner[1]};
+  }
+  static Ends as_ends(const Both& both) { return {both[0], both[1]}; }
+
   template <Quantity Q>
   [[nodiscard]] const SaturatedPolynomial& of() const {
     if constexpr (Q == Quantity::v) {

@@ -101,6 +101,12 @@ inline double improved(double slope, Step last, double value) {
 /// and to 1e-3 next to the critical point.
 inline double small_step(double t) { return t < t_tabulated ? 1e-6 : 2e-10; }
 
+/// Saturation pressure at t, after a step that mostly is so small that the line is straight.
+inline double pressure_after(SaturationPressure line, double step, double t) {
+  constexpr double straight = 1e-6;  // K
+  return std::abs(step) <= straight ? line.p + line.over_t * step : saturation_pressure(t);
+}
+
 }  // namespace wet
 
 /// Wet state of two properties that both depend on temperature and quality: an iteration in the
@@ -121,7 +127,8 @@ Site wet_search(double a, double b, double t, Region region) {
   wet::Step last{0, 0, HUGE_VAL};
   constexpr int most_steps = 12;
   for (int n = 0; n < most_steps; ++n) {
-    const Saturation saturation(t, saturation_pressure(t));
+    const SaturationPressure line = sloped_saturation_pressure(t);
+    const Saturation saturation(t, line.p);
     const auto [value, x] =
         wet::excess(saturation.template ends<A>(), saturation.template ends<B>(), a, b);
     slope = wet::improved(slope, last, value);
@@ -134,7 +141,7 @@ Site wet_search(double a, double b, double t, Region region) {
     // Where the excess hardly depends on the temperature its rounding ends the iteration.
     if (std::abs(last.step) <= wet::small_step(t) || newton::is_noise(B, value, b)) {
       return {.region = region,
-              .p = saturation_pressure(t),
+              .p = wet::pressure_after(line, last.step, t),
               .t = t,
               .x = x + start.slopes.x * last.step};
     }

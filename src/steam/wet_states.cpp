@@ -9,10 +9,10 @@ namespace steam {
 namespace {
 
 // At a fixed quality volume and entropy may turn along the saturation line. A cell of the table may
-// hold a solution if the values at its sides enclose the wanted one, or if the quantity turns in it.
-// There the roots of one polynomial are all solutions; the equations correct each by a step. Only
-// where the table cannot tell whether there is one, at a turn or next to the critical point, are
-// the equations searched.
+// hold a solution if the values at its sides enclose the wanted one, or if the quantity turns in
+// it. There the roots of one polynomial are all solutions; the equations correct each by a step.
+// Only where the table cannot tell whether there is one, at a turn or next to the critical point,
+// are the equations searched.
 
 /// The mixed quantity less the wanted value: in one cell, over the place from -1 to 1.
 struct CellPolynomial {
@@ -168,8 +168,7 @@ class Scan {
     const int count = states_.count;
     if (!by_table<Saturation>(cell, f)) {
       states_.count = count;
-      by_equations<Saturation>(cell.t_high(), cell.t_low(),
-                               [&](double t) { add_in(cell, t); });
+      by_equations<Saturation>(cell.t_high(), cell.t_low(), [&](double t) { add_in(cell, t); });
     }
   }
 
@@ -250,26 +249,38 @@ class Scan {
 
   /// All solutions between two temperatures, by the equations and brackets.
   template <class Saturation, class Found>
-  void by_equations(double t_high, double t_low, const Found& found) {
+  void by_equations(double t_high, double t_low, const Found& found, int parts = 5) {
     const auto f = [&](double t) { return target_.sloped<Saturation>(t); };
     for (const double end : {t_high, t_low}) {
       if (std::abs(f(end).value) <= rounding()) {
         found(end);
       }
     }
-    constexpr int parts = 5;
     all_roots(f, t_high, t_low, found, parts);
   }
 
-  /// Where the two saturated volumes merge the sum jumps, and the table says nothing.
+  [[nodiscard]] Ends tabulated_at(double t) const {
+    const TabulatedSaturation saturation(t);
+    return target_.q == Quantity::s ? saturation.ends<Quantity::s>()
+                                    : saturation.ends<Quantity::v>();
+  }
+
+  /// Where the table does not tell all: above and below the jump.
   void beside_critical_point() {
-    const TabulatedSaturation saturation(saturated_above_350, r_merging);
-    const Ends ends = target_.q == Quantity::s ? saturation.ends<Quantity::s>()
-                                               : saturation.ends<Quantity::v>();
+    const double t_low = temperature_of(r_merging);
+    const Ends at_jump = tabulated_at(below_jump);
+    const Ends at_low = tabulated_at(t_low);
+    const auto found = [this](double t) { add(t); };
     constexpr double room = 1e-4;
-    if (target_.value > ends.liquid * (1 - room) && target_.value < ends.vapour * (1 + room)) {
-      by_equations<HighSaturation>(t_critical, temperature_of(r_merging),
-                                   [this](double t) { add(t); });
+    const auto is_between = [&](double least, double most) {
+      return target_.value > least * (1 - room) && target_.value < most * (1 + room);
+    };
+    if (is_between(at_jump.liquid, target_.profile(saturated_above_350).liquid[0])) {
+      by_equations<HighSaturation>(t_critical, above_jump, found, 1);
+    }
+    if (is_between(Ends{at_low.liquid, at_jump.vapour}.mixed(target_.x),
+                   Ends{at_jump.liquid, at_low.vapour}.mixed(target_.x))) {
+      by_equations<HighSaturation>(below_jump, t_low, found, 2);
     }
   }
 
@@ -282,28 +293,27 @@ class Scan {
     return target_.q == Quantity::s ? 1e-12 : 1e-14 * target_.value;
   }
 
-  /// A value that neither side of 350 °C reaches: the states there miss each other slightly.
+  /// A value that neither side of 350 °C or of the jump reaches.
   void close_gap() {
     if (std::abs(target_.at_side(saturated_to_350, 0)) < misfit()) {
-      add(t_350);
-      states_.sites[0].approximate = states_.count > 0;
+      add_approximate(t_350);
+    } else if (reaches_above_350() && target_.exact<HighSaturation>(above_jump) *
+                                              target_.exact<HighSaturation>(below_jump) <
+                                          0) {
+      add_approximate(below_jump);
     }
   }
 
-  /// A bracket may close on the jump where the two saturated volumes merge.
-  [[nodiscard]] bool is_jump(double t) const {
-    constexpr double t_merging = t_critical - 2e-3;
-    constexpr double miss = 1e-9;
-    return t > t_merging &&
-           std::abs(target_.exact<HighSaturation>(t)) > miss * std::abs(target_.value);
+  void add_approximate(double t) {
+    add(t);
+    states_.sites[0].approximate = true;
   }
 
   void add(double t) {
     const Site site{.region = t <= t_350 ? Region::wet : Region::wet_above_350,
                     .p = saturation_pressure(t),
                     .t = t,
-                    .x = target_.x,
-                    .approximate = is_jump(t)};
+                    .x = target_.x};
     if (states_.count > 0) {
       Site& last = states_.sites[states_.count - 1];
       constexpr double same = 1e-7;
@@ -318,6 +328,8 @@ class Scan {
     }
   }
 
+  /// The two saturated volumes merge with a jump between these, °C.
+  static constexpr double above_jump = 374.14941171, below_jump = 374.14941170;
   static constexpr double overlap = 0.5;  // K: widest at 350 °C
   Target target_;
   int most_;
