@@ -346,8 +346,7 @@ std::array<double, 4> phase_state(double z, double v, double t) {
 SaturatedState saturated_state(double t, bool above_350) {
   std::array<double, 4> liquid{}, vapour{};
   if (above_350) {
-    const Volumes v = t < steam::t_critical ? saturated_volumes_by_scan(t)
-                                            : Volumes{steam::v_critical, steam::v_critical};
+    const Volumes v = saturated_volumes_by_scan(t);
     liquid = phase_state<steam::Dense>(v.liquid, v.liquid, t);
     vapour = phase_state<steam::Dense>(v.vapour, v.vapour, t);
   } else {
@@ -454,7 +453,8 @@ void write_sides(const Band& band, const char* quantity, std::size_t q) {
   for (std::size_t phase = 0; phase < 2; ++phase) {
     std::printf("constexpr double %s_%s%zu[] = {", band.name, quantity, phase + 1);
     for (int i = 0; i <= band.cells; ++i) {
-      const double r = i == band.cells ? band.r_high : band.r_low + i * band.width();
+      const double r = i == band.cells ? band.r_high
+                                       : std::fmax(band.r_low + i * band.width(), steam::r_merging);
       std::printf("%.17g,", band.at(r)[q][phase]);
     }
     std::printf("};\n");
@@ -504,10 +504,9 @@ void write_band(const Band& band) {
 void write_saturated_states() {
   const double r_350 = std::sqrt(steam::t_critical - steam::t_350);
   const double r_lowest = std::sqrt(steam::t_critical - steam::t_lowest);
-  const int ch = std::getenv("CH") ? std::atoi(std::getenv("CH")) : 48,
-            cl = std::getenv("CL") ? std::atoi(std::getenv("CL")) : 48;
-  write_band({"saturated_above_350", 0, r_350, ch, true});
-  write_band({"saturated_to_350", r_350, r_lowest, cl, false});
+  constexpr int cells = 48;
+  write_band({"saturated_above_350", 0, r_350, cells, true});
+  write_band({"saturated_to_350", r_350, r_lowest, cells, false});
 }
 
 void write_splines() {

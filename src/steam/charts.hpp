@@ -172,8 +172,10 @@ extern const Spline<4> saturation_root_p;
 // polynomial is about as good as the equations' rounding, but for the last tenth of a kelvin.
 
 constexpr std::size_t saturated_terms = 8;
-/// Closer to the critical point the two saturated volumes of the equation fall together.
+/// Closer to the critical point the table is continued from below. There the two saturated volumes
+/// of the equation fall together, with a jump at `t_jump`.
 constexpr double r_merging = 0.036;
+constexpr double t_jump = 374.149411705;  // °C
 
 /// One quantity in one cell: coefficients of liquid and vapour beside each other, by power of the
 /// place from -1 to 1.

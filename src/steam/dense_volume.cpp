@@ -32,7 +32,7 @@ Bracket bracket_of(Region branch, double t) {
 
 SaturatedVolumes rough_saturated_volumes(double t) {
   const Ends v = TabulatedSaturation(t).ends<Quantity::v>();
-  return {v.liquid, v.vapour};
+  return {v.liquid, t < t_jump ? v.vapour : v.liquid};
 }
 
 double dense_volume(const Isotherm& isotherm, Region branch, double p, double t, double start) {

@@ -142,11 +142,12 @@ class Scan {
   template <class Saturation>
   void band(const SaturatedBand& band) {
     const SaturatedProfile& profile = target_.profile(band);
-    const double x = target_.x;
+    const double x = target_.x, doubt = target_.doubt();
     double left = target_.at_side(band, 0);
     for (int i = 0; i < band.cells && wants_more(); ++i) {
       const double right = target_.at_side(band, i + 1);
-      if (left * right <= 0 || (x >= profile.least_turning[i] && x <= profile.most_turning[i])) {
+      const bool enclosed = std::min(left, right) <= doubt && std::max(left, right) >= -doubt;
+      if (enclosed || (x >= profile.least_turning[i] && x <= profile.most_turning[i])) {
         cell<Saturation>({&band, i});
       }
       left = right;
@@ -270,12 +271,20 @@ class Scan {
     const double t_low = temperature_of(r_merging);
     const Ends at_jump = tabulated_at(below_jump);
     const Ends at_low = tabulated_at(t_low);
-    const auto found = [this](double t) { add(t); };
-    constexpr double room = 1e-4;
+    // A bracket may close on a jump.
+    const auto found = [this](double t) {
+      constexpr double miss = 1e-9;
+      if (std::abs(target_.exact<HighSaturation>(t)) <= miss * target_.value) {
+        add(t);
+      } else {
+        closed_on_jump_ = t;
+      }
+    };
+    const double room = target_.q == Quantity::s ? 5e-4 : 2e-3;
     const auto is_between = [&](double least, double most) {
       return target_.value > least * (1 - room) && target_.value < most * (1 + room);
     };
-    if (is_between(at_jump.liquid, target_.profile(saturated_above_350).liquid[0])) {
+    if (is_between(at_jump.liquid, at_low.vapour)) {
       by_equations<HighSaturation>(t_critical, above_jump, found, 1);
     }
     if (is_between(Ends{at_low.liquid, at_jump.vapour}.mixed(target_.x),
@@ -293,7 +302,7 @@ class Scan {
     return target_.q == Quantity::s ? 1e-12 : 1e-14 * target_.value;
   }
 
-  /// A value that neither side of 350 °C or of the jump reaches.
+  /// A value that neither side of 350 °C or of a jump reaches.
   void close_gap() {
     if (std::abs(target_.at_side(saturated_to_350, 0)) < misfit()) {
       add_approximate(t_350);
@@ -301,6 +310,8 @@ class Scan {
                                               target_.exact<HighSaturation>(below_jump) <
                                           0) {
       add_approximate(below_jump);
+    } else if (closed_on_jump_ > 0) {
+      add_approximate(closed_on_jump_);
     }
   }
 
@@ -328,12 +339,12 @@ class Scan {
     }
   }
 
-  /// The two saturated volumes merge with a jump between these, °C.
-  static constexpr double above_jump = 374.14941171, below_jump = 374.14941170;
+  static constexpr double above_jump = t_jump + 1e-8, below_jump = t_jump - 1e-8;
   static constexpr double overlap = 0.5;  // K: widest at 350 °C
   Target target_;
   int most_;
   WetStates& states_;
+  double closed_on_jump_ = 0;  // °C, if it has happened
 };
 
 }  // namespace
