@@ -306,12 +306,12 @@ class Scan {
   void close_gap() {
     if (std::abs(target_.at_side(saturated_to_350, 0)) < misfit()) {
       add_approximate(t_350);
+    } else if (closed_on_jump_ > 0) {
+      add_approximate(closed_on_jump_);
     } else if (reaches_above_350() && target_.exact<HighSaturation>(above_jump) *
                                               target_.exact<HighSaturation>(below_jump) <
                                           0) {
       add_approximate(below_jump);
-    } else if (closed_on_jump_ > 0) {
-      add_approximate(closed_on_jump_);
     }
   }
 
