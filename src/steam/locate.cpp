@@ -210,6 +210,22 @@ Site preferred(const Site& site, double a, double b) {
   return site;
 }
 
+/// Cold water beside a wet state. Enthalpy and entropy tell its pressure to 1e-9 bar only, and one
+/// that is less than that below the saturation pressure still counts.
+template <Pair P>
+Site cold_water(const Site& wet, double a, double b) {
+  Start start{{wet.p, wet.t}};
+  if (!solve<P, Water>(a, b, start)) {
+    return {};
+  }
+  constexpr double rounding = 5e-9;  // bar
+  const double p = saturation_pressure(start.x.t);
+  if (start.x.z < p && start.x.z > p - rounding) {
+    start.x.z = p;
+  }
+  return claim_water(start.x);
+}
+
 /// With an entropy a wet state beside the saturation line may share its pair with one of a single
 /// phase, which counts then. At the ends of the wet region that is a matter of rounding. But the
 /// saturation line and the subregions meet Clapeyron's equation to some 5e-5 only, and the pressure
@@ -223,7 +239,9 @@ Site preferred_to_wet(const Site& site, double a, double b) {
   constexpr double beside = 1e-7, beside_cold = 2e-4;
   const bool cold = P == Pair::hs && site.t < 2 * t_cold;
   Site single;
-  if (site.x < (cold ? beside_cold : beside)) {
+  if (cold && site.x < beside_cold) {
+    single = cold_water<P>(site, a, b);
+  } else if (site.x < beside) {
     single = search<P>(Region::water, a, b, {{site.p, site.t}});
   } else if (site.x > 1 - beside) {
     single = search<P>(Region::steam, a, b, {{site.p, site.t}});
