@@ -324,30 +324,16 @@ Site attempt_wet(const Place& here, double a, double b) {
   return {};
 }
 
-/// Starts that look right come first, the others when those lead nowhere.
+/// The starts that look right, or the others.
 template <Pair P>
-Site quick_search(double a, double b) {
-  const Place here = place(charts[static_cast<std::size_t>(P)], a, b);
-  if (here.patches.size() == 1) {
-    const Patch& patch = here.patches[0];
-    return attempt<P>(patch.region, a, b, start_in<P>(here, patch, b));
-  }
-  if constexpr (begins_with_wet<P>) {
-    const Site site = attempt_wet<P>(here, a, b);
-    if (site) {
-      return site;
+Site attempt_starts(const Place& here, double a, double b, bool plausible) {
+  for (const Patch& patch : here.patches) {
+    const bool is_late = begins_with_wet<P> && is_wet(patch.region);
+    if (is_late && plausible) {
+      continue;
     }
-  }
-  for (const bool plausible : {true, false}) {
-    for (const Patch& patch : here.patches) {
-      const bool is_late = begins_with_wet<P> && is_wet(patch.region);
-      if (is_late && plausible) {
-        continue;
-      }
-      const Start start = start_in<P>(here, patch, b);
-      if (!is_late && is_plausible<P>(patch.region, start.x, a, b) != plausible) {
-        continue;
-      }
+    const Start start = start_in<P>(here, patch, b);
+    if (is_late || is_plausible<P>(patch.region, start.x, a, b) == plausible) {
       const Site site = attempt<P>(patch.region, a, b, start);
       if (site) {
         return site;
@@ -355,6 +341,25 @@ Site quick_search(double a, double b) {
     }
   }
   return {};
+}
+
+template <Pair P>
+Site quick_search(double a, double b) {
+  const Place here = place(charts[static_cast<std::size_t>(P)], a, b);
+  if (here.patches.size() == 1) {
+    const Patch& patch = here.patches[0];
+    return attempt<P>(patch.region, a, b, start_in<P>(here, patch, b));
+  }
+  Site site;
+  if constexpr (begins_with_wet<P>) {
+    site = attempt_wet<P>(here, a, b);
+  }
+  for (const bool plausible : {true, false}) {
+    if (!site) {
+      site = attempt_starts<P>(here, a, b, plausible);
+    }
+  }
+  return site;
 }
 
 /// Pairs with a pressure or a temperature that only one state has.
