@@ -12,9 +12,11 @@
 #include <string>
 #include <utility>
 
+#include "chebyshev.hpp"
 #include "formulation/saturation.hpp"
 #include "polynomials.hpp"
 #include "samples.hpp"
+#include "saturated_states.hpp"
 #include "steam/charts.hpp"
 #include "steam/domain.hpp"
 #include "steam/slopes.hpp"
@@ -294,32 +296,13 @@ void write_charts() {
 
 // ---- Splines ----------------------------------------------------------------------------------
 
-/// The polynomial through f at the Chebyshev points of a cell, in powers of the place from -1 to 1.
 template <std::size_t N>
-std::array<double, N> interpolated(const std::function<double(double)>& f, double low,
-                                   double width) {
-  std::array<long double, N> nodes{}, values{}, c{};
-  for (std::size_t i = 0; i < N; ++i) {
-    nodes[i] = std::cos((2 * static_cast<double>(i) + 1) * std::numbers::pi / (2.0 * N));
-    values[i] = f(static_cast<double>(low + (nodes[i] + 1) / 2 * width));
+std::array<double, N> fitted_to(const std::function<double(double)>& f, double low, double width) {
+  std::array<double, N> values = chebyshev_points<N>();
+  for (double& value : values) {
+    value = f(low + (value + 1) / 2 * width);
   }
-  for (std::size_t order = 1; order < N; ++order) {  // divided differences
-    for (std::size_t i = N - 1; i >= order; --i) {
-      values[i] = (values[i] - values[i - 1]) / (nodes[i] - nodes[i - order]);
-    }
-  }
-  c[0] = values[N - 1];
-  for (std::size_t i = N - 1; i-- > 0;) {  // from Newton's form to powers
-    for (std::size_t k = N - 1; k > 0; --k) {
-      c[k] = c[k - 1] - nodes[i] * c[k];
-    }
-    c[0] = values[i] - nodes[i] * c[0];
-  }
-  std::array<double, N> result{};
-  for (std::size_t i = 0; i < N; ++i) {
-    result[i] = static_cast<double>(c[i]);
-  }
-  return result;
+  return interpolated<N>(values);
 }
 
 template <std::size_t N>
@@ -337,7 +320,7 @@ void write_spline(const char* name, const std::function<double(double)>& f, doub
   const double width = (high - low) / cells;
   std::printf("namespace {\nconstexpr std::array<double, %zu> %s_cells[] = {\n", N, name);
   for (int i = 0; i < cells; ++i) {
-    write_numbers(interpolated<N>(f, low + i * width, width));
+    write_numbers(fitted_to<N>(f, low + i * width, width));
   }
   std::printf("};\n}  // namespace\nconst Spline<%zu> %s{%.17g, %.17g, %d, %s_cells};\n\n", N, name,
               low, 1 / width, cells, name);
@@ -362,65 +345,11 @@ void write_saturation_temperature() {
   for (int i = 0; i < axis.cells; ++i) {
     const double low = axis.lower_side(i);
     write_numbers(
-        interpolated<10>(saturation_temperature_by_halving, low, axis.lower_side(i + 1) - low));
+        fitted_to<10>(saturation_temperature_by_halving, low, axis.lower_side(i + 1) - low));
   }
   std::printf("};\n}  // namespace\nconst SaturationTemperatureTable saturation_t_table{");
   write_axis(axis);
   std::printf(", saturation_t_cells};\n\n");
-}
-
-/// Liquid volume, vapour density, enthalpies, entropies.
-std::array<double, 6> saturated_states(double t) {
-  const auto both = [](double v1, double v2, const auto& liquid, const auto& vapour) {
-    return std::array<double, 6>{v1,
-                                 1 / v2,
-                                 formulation::enthalpy(liquid),
-                                 formulation::enthalpy(vapour),
-                                 formulation::entropy(liquid),
-                                 formulation::entropy(vapour)};
-  };
-  if (t > steam::t_350) {
-    const Volumes v = saturated_volumes_by_scan(t);
-    return both(v.liquid, v.vapour, steam::Dense::terms(v.liquid, t),
-                steam::Dense::terms(v.vapour, t));
-  }
-  const auto liquid = steam::Water::terms(saturation(t), t);
-  const auto vapour = steam::Steam::terms(saturation(t), t);
-  return both(formulation::volume(liquid), formulation::volume(vapour), liquid, vapour);
-}
-
-std::array<double, 6> critical_state() {
-  const auto terms = steam::Dense::terms(steam::v_critical, steam::t_critical);
-  const double h = formulation::enthalpy(terms), s = formulation::entropy(terms);
-  return {steam::v_critical, 1 / steam::v_critical, h, h, s, s};
-}
-
-void write_saturated_table() {
-  const double width =
-      std::sqrt(steam::t_critical - steam::t_350) / steam::saturated_cells_above_350;
-  constexpr int cells = 95;
-  std::printf(
-      "namespace {\nconstexpr std::array<std::array<double, 4>, 6> saturated_cells[] = {\n");
-  for (int i = 0; i < cells; ++i) {
-    std::printf("{{");
-    for (std::size_t n = 0; n < 6; ++n) {
-      const auto f = [n](double r) { return saturated_states(steam::t_critical - r * r)[n]; };
-      write_numbers(interpolated<4>(f, i * width, width));
-    }
-    std::printf("}},\n");
-  }
-  std::printf("};\nconstexpr SaturatedNode nodes[] = {\n");
-  for (int i = 0; i <= cells; ++i) {
-    const double t = i == steam::saturated_cells_above_350
-                         ? steam::t_350
-                         : steam::t_critical - i * i * width * width;
-    const auto s = i == 0 ? critical_state() : saturated_states(t);
-    std::printf("{%.15g, %.15g, %.15g, %.15g},\n", s[0], 1 / s[1], s[4], s[5]);
-  }
-  std::printf("};\n}  // namespace\n");
-  std::printf("const SaturatedTable saturated_table{%.17g, %d, saturated_cells};\n", 1 / width,
-              cells);
-  std::printf("const std::span<const SaturatedNode> saturated_nodes{nodes};\n\n");
 }
 
 void write_splines() {
@@ -428,7 +357,7 @@ void write_splines() {
   write_spline<4>(
       "saturation_root_p", [](double t) { return std::pow(saturation(t), 0.25); }, 0,
       steam::t_critical, 128);
-  write_saturated_table();
+  write_saturated_states();
 }
 
 }  // namespace

@@ -182,20 +182,37 @@ constexpr double p_fitted = 190;
 /// Fourth root of the saturation pressure over t.
 extern const Spline<4> saturation_root_p;
 
-/// Saturated states over √(374.15 °C - t): cells of cubic polynomials for the liquid's volume, the
-/// vapour's density, the enthalpies and the entropies. 350 °C lies between two cells.
-struct SaturatedTable {
-  double scale;
-  int cells;
-  const std::array<std::array<double, 4>, 6>* coefficients;
-};
-extern const SaturatedTable saturated_table;
-constexpr int saturated_cells_above_350 = 24;
+// Saturated states over r = √(374.15 °C - t), in which they are smooth up to the critical point: a
+// band of equal cells above 350 °C, on the equation of subregion 3, and one below. In a cell a
+// polynomial is about as good as the equations' rounding, but for the last tenth of a kelvin.
 
-/// The same at the sides of the cells: volumes and entropies of liquid and vapour.
-struct SaturatedNode {
-  double v1, v2, s1, s2;
+constexpr std::size_t saturated_terms = 8;
+/// Closer to the critical point the table is continued from below. There the two saturated volumes
+/// of the equation fall together, with a jump at `t_jump`.
+constexpr double r_merging = 0.036;
+constexpr double t_jump = 374.149411705;  // °C
+
+/// One quantity in one cell: coefficients of liquid and vapour beside each other, by power of the
+/// place from -1 to 1.
+using SaturatedPolynomial = std::array<std::array<double, 2>, saturated_terms>;
+
+struct SaturatedCell {
+  SaturatedPolynomial v, h, s, u;
 };
-extern const std::span<const SaturatedNode> saturated_nodes;
+
+/// A quantity along a band, from the highest temperature down.
+struct SaturatedProfile {
+  const double *liquid, *vapour;  // at the sides of the cells
+  /// By cell, the qualities with which the mixed quantity may turn in it.
+  const double *least_turning, *most_turning;
+};
+
+struct SaturatedBand {
+  double origin, scale;
+  int cells;
+  const SaturatedCell* polynomials;
+  SaturatedProfile v, s;
+};
+extern const SaturatedBand saturated_above_350, saturated_to_350;
 
 }  // namespace steam

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "steam/rough_saturation.hpp"
+#include "steam/tabulated_saturation.hpp"
 
 namespace steam {
 namespace {
@@ -18,25 +18,17 @@ constexpr Bracket whole{0.00125, 0.0105};
 constexpr double t_merging = 374.1485;
 constexpr double table_doubt = 1.5e-3;
 
-Bracket bracket_of(Region branch, double t) {
+Bracket bracket_of(Region branch, const SaturatedVolumes& saturated, double t) {
   if (t > t_merging) {
     return whole;
   }
-  const SaturatedVolumes saturated = rough_saturated_volumes(t);
   return branch == Region::hot_water
              ? Bracket{whole.low, std::min(saturated.liquid * (1 + table_doubt), v_critical)}
              : Bracket{saturated.vapour * (1 - table_doubt), whole.high};
 }
 
-}  // namespace
-
-SaturatedVolumes rough_saturated_volumes(double t) {
-  const Ends v = RoughSaturation(t).ends<Quantity::v>().value;
-  return {v.liquid, v.vapour};
-}
-
-double dense_volume(const Isotherm& isotherm, Region branch, double p, double t, double start) {
-  auto [low, high] = bracket_of(branch, t);
+double volume_in(Bracket bracket, const Isotherm& isotherm, double p, double start) {
+  auto [low, high] = bracket;
   double v = start > low && start < high ? start : (low + high) / 2;
   constexpr int most_steps = 80;
   // After a step this small the next one would be below the rounding.
@@ -58,6 +50,17 @@ double dense_volume(const Isotherm& isotherm, Region branch, double p, double t,
   return v;
 }
 
+}  // namespace
+
+SaturatedVolumes rough_saturated_volumes(double t) {
+  const Ends v = TabulatedSaturation(t).ends<Quantity::v>();
+  return {v.liquid, t < t_jump ? v.vapour : v.liquid};
+}
+
+double dense_volume(const Isotherm& isotherm, Region branch, double p, double t, double start) {
+  return volume_in(bracket_of(branch, rough_saturated_volumes(t), t), isotherm, p, start);
+}
+
 double dense_volume(Region branch, double p, double t) {
   double start = v_critical;
   const Place here = place(charts[static_cast<std::size_t>(Pair::pt)], p, t);
@@ -72,9 +75,11 @@ double dense_volume(Region branch, double p, double t) {
 SaturatedVolumes saturated_volumes(double t, double p_saturation) {
   const SaturatedVolumes start = rough_saturated_volumes(t);
   const auto isotherm = formulation::isotherm3<formulation::Elementary>(t);
-  const double liquid = dense_volume(isotherm, Region::hot_water, p_saturation, t, start.liquid);
-  const double vapour = dense_volume(isotherm, Region::dense_steam, p_saturation, t, start.vapour);
-  return {liquid, std::max(liquid, vapour)};
+  const auto volume = [&](Region branch, double first) {
+    return volume_in(bracket_of(branch, start, t), isotherm, p_saturation, first);
+  };
+  const double liquid = volume(Region::hot_water, start.liquid);
+  return {liquid, std::max(liquid, volume(Region::dense_steam, start.vapour))};
 }
 
 }  // namespace steam

@@ -20,11 +20,11 @@ struct SaturatedVolumes {
 };
 
 /// Saturated volumes above 350 °C: the two roots of the equation at the saturation pressure.
-/// @note  Within 0.001 K below the critical temperature the equation has one root only at that
+/// @note  Within 0.0006 K below the critical temperature the equation has one root only at that
 ///        pressure; both phases have it then.
 SaturatedVolumes saturated_volumes(double t, double p_saturation);
 
-/// The same from the table, to about 1e-4.
+/// The same from the table, to 1e-8, next to the critical point 1e-3.
 SaturatedVolumes rough_saturated_volumes(double t);
 
 }  // namespace steam

@@ -70,8 +70,9 @@ Site search_dense(double a, double b, Variables x) {
   return claim_dense(x, p);
 }
 
-/// Share of the way from liquid to vapour that the table of saturated states may be wrong by.
-constexpr double table_doubt = 1e-3;
+/// Share of the way from liquid to vapour that the table of saturated states may be wrong by, but
+/// for the last kelvin below the critical temperature.
+constexpr double table_doubt = 1e-6;
 
 /// A wet state at a known saturation temperature. Well inside the wet region its quality is left to
 /// whoever wants it.
@@ -82,7 +83,7 @@ Site wet_at(double t, double p, double value) {
             .t = t,
             .given = Q,
             .value = value};
-  const double x = RoughSaturation(t).ends<Q>().value.quality(value);
+  const double x = TabulatedSaturation(t).ends<Q>().quality(value);
   if (x > table_doubt && x < 1 - table_doubt && t < t_critical - 1) {
     return site;
   }
@@ -169,9 +170,20 @@ bool may_overlap(const Site& site, Overlap widest) {
   return site.region == Region::wet_above_350 && site.t < t_350 + widest.kelvins;
 }
 
+/// A wet state overlaps with one of a single phase only next to it; a quality that was left open
+/// may be anything.
+bool may_overlap_with(Region region, const Site& site) {
+  constexpr double beside = 0.01;
+  return !(region == Region::water && site.x > beside) &&
+         !(region == Region::steam && site.x < 1 - beside);
+}
+
 template <Pair P>
 Site preferred(const Site& site, double a, double b) {
   for (const Region region : {Region::water, Region::steam, Region::wet}) {
+    if (!may_overlap_with(region, site)) {
+      continue;
+    }
     const Site other = search<P>(region, a, b, {site.p, site.t});
     if (other && std::abs(other.t - site.t) < 2 * overlap<P>.kelvins) {
       return other;
@@ -180,28 +192,52 @@ Site preferred(const Site& site, double a, double b) {
   return site;
 }
 
-/// With an entropy wet states next to saturation may overlap with single-phase ones: the saturation
-/// line and the subregions meet Clapeyron's equation to some 1e-4 only. One phase counts then.
+/// Cold water beside a wet state. Enthalpy and entropy tell its pressure to 1e-9 bar only, and one
+/// that is less than that below the saturation pressure still counts.
 template <Pair P>
-Site preferred_to_wet(const Site& site, double a, double b) {
-  constexpr double beside = 1e-3;
-  if (site.x < beside) {
-    const Site water = search<P>(Region::water, a, b, {site.p, site.t});
-    return water ? water : site;
+Site cold_water(const Site& wet, double a, double b) {
+  Variables x{wet.p, wet.t};
+  if (!solve<P, Water>(a, b, x)) {
+    return {};
   }
-  if (site.x > 1 - beside) {
-    const Site steam = search<P>(Region::steam, a, b, {site.p, site.t});
-    return steam ? steam : site;
+  constexpr double rounding = 5e-9;  // bar
+  const double p = saturation_pressure(x.t);
+  if (x.z < p && x.z > p - rounding) {
+    x.z = p;
   }
-  return site;
+  return claim_water(x);
 }
 
+/// With an entropy a wet state beside the saturation line may share its pair with one of a single
+/// phase, which counts then. At the ends of the wet region that is a matter of rounding. But the
+/// saturation line and the subregions meet Clapeyron's equation to some 5e-5 only, and the pressure
+/// of cold water is so small that this matters: there the entropy of wet states of one enthalpy
+/// first falls with the quality, then rises, and two of them share a pair with one of water.
 template <Pair P>
-bool is_plausibly_wet(Region region, double t, double a, double b) {
+Site preferred_to_wet(const Site& site, double a, double b) {
+  if ((P != Pair::hs && P != Pair::us) || site.region != Region::wet) {
+    return site;
+  }
+  constexpr double beside = 1e-7, beside_cold = 2e-4;
+  const bool cold = P == Pair::hs && site.t < 2 * t_cold;
+  Site single;
+  if (cold && site.x < beside_cold) {
+    single = cold_water<P>(site, a, b);
+  } else if (site.x < beside) {
+    single = search<P>(Region::water, a, b, {site.p, site.t});
+  } else if (site.x > 1 - beside) {
+    single = search<P>(Region::steam, a, b, {site.p, site.t});
+  }
+  return single ? single : site;
+}
+
+/// @param room  how far the quality may be below 0
+template <Pair P>
+bool is_plausibly_wet(Region region, double t, double a, double b, double room = 0) {
   constexpr Known k = known_of(P);
-  const Ends ends = RoughSaturation(t).ends < is_line(P) ? k.second : k.first > ().value;
+  const Ends ends = TabulatedSaturation(t).ends < is_line(P) ? k.second : k.first > ();
   const double x = ends.quality(is_line(P) ? b : a);
-  return x >= 0 && x <= 1 && (t <= t_350) == (region == Region::wet);
+  return x >= -room && x <= 1 && (t <= t_350) == (region == Region::wet);
 }
 
 inline bool is_plausibly_dense(double v, double t) {
@@ -225,11 +261,12 @@ inline bool is_plausible_at(Region region, double p, double t) {
 template <Pair P>
 bool is_plausible(Region region, Variables start, double a, double b) {
   constexpr Known k = known_of(P);
-  if (is_wet(region) && k.first == Quantity::p) {
-    return a < p_critical && is_plausibly_wet<P>(region, tabulated_saturation_temperature(a), a, b);
-  }
   const double t = k.first == Quantity::t ? a : start.t;
   if (is_wet(region)) {
+    if (k.first == Quantity::p) {
+      return a < p_critical &&
+             is_plausibly_wet<P>(region, tabulated_saturation_temperature(a), a, b);
+    }
     return is_plausibly_wet<P>(region, t, a, b);
   }
   if (is_3(region)) {
@@ -244,28 +281,25 @@ Site attempt(Region region, double a, double b, Variables start) {
   if (!site) {
     return site;
   }
-  if constexpr (P == Pair::hs || P == Pair::us) {
-    if (site.region == Region::wet) {
-      return preferred_to_wet<P>(site, a, b);
-    }
-  }
-  return may_overlap(site, overlap<P>) ? preferred<P>(site, a, b) : site;
+  return may_overlap(site, overlap<P>) ? preferred<P>(site, a, b) : preferred_to_wet<P>(site, a, b);
 }
 
-/// Starts that look right come first, the others when those lead nowhere.
+/// Pairs of which wet states and those of one phase lie so close together that starts in the wrong
+/// region look right.
 template <Pair P>
-Site quick_search(double a, double b) {
-  const Place here = place(charts[static_cast<std::size_t>(P)], a, b);
-  if (here.patches.size() == 1) {
-    const Patch& patch = here.patches[0];
-    return attempt<P>(patch.region, a, b, start_in<P>(here, patch));
-  }
-  for (const bool plausible : {true, false}) {
-    for (const Patch& patch : here.patches) {
-      const Variables start = start_in<P>(here, patch);
-      if (is_plausible<P>(patch.region, start, a, b) != plausible) {
-        continue;
-      }
+constexpr bool begins_with_wet = P == Pair::hs || P == Pair::us;
+
+/// Wet states come first there: whether it is one shows on the table, while a search in the wrong
+/// region of one phase is the most expensive of all.
+template <Pair P>
+Site attempt_wet(const Place& here, double a, double b) {
+  for (const Patch& patch : here.patches) {
+    if (!is_wet(patch.region)) {
+      continue;
+    }
+    constexpr double room = 0.02;
+    const Variables start = start_in<P>(here, patch);
+    if (is_plausibly_wet<P>(patch.region, start.t, a, b, room)) {
       const Site site = attempt<P>(patch.region, a, b, start);
       if (site) {
         return site;
@@ -273,6 +307,44 @@ Site quick_search(double a, double b) {
     }
   }
   return {};
+}
+
+/// The starts that look right, or the others.
+template <Pair P>
+Site attempt_starts(const Place& here, double a, double b, bool plausible) {
+  for (const Patch& patch : here.patches) {
+    const bool is_late = begins_with_wet<P> && is_wet(patch.region);
+    if (is_late && plausible) {
+      continue;
+    }
+    const Variables start = start_in<P>(here, patch);
+    if (is_late || is_plausible<P>(patch.region, start, a, b) == plausible) {
+      const Site site = attempt<P>(patch.region, a, b, start);
+      if (site) {
+        return site;
+      }
+    }
+  }
+  return {};
+}
+
+template <Pair P>
+Site quick_search(double a, double b) {
+  const Place here = place(charts[static_cast<std::size_t>(P)], a, b);
+  if (here.patches.size() == 1) {
+    const Patch& patch = here.patches[0];
+    return attempt<P>(patch.region, a, b, start_in<P>(here, patch));
+  }
+  Site site;
+  if constexpr (begins_with_wet<P>) {
+    site = attempt_wet<P>(here, a, b);
+  }
+  for (const bool plausible : {true, false}) {
+    if (!site) {
+      site = attempt_starts<P>(here, a, b, plausible);
+    }
+  }
+  return site;
 }
 
 /// Pairs with a pressure or a temperature that only one state has.
@@ -289,7 +361,7 @@ Site search_line(double a, double b) {
 template <Pair P>
 Site search_plane(double a, double b) {
   const Site site = quick_search<P>(a, b);
-  return site ? site : nested_search(P, a, b);
+  return site ? site : preferred_to_wet<P>(nested_search(P, a, b), a, b);
 }
 
 Site search_saturated(double t, double p, double x) {

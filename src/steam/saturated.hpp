@@ -1,8 +1,8 @@
 #pragma once
 
 #include "steam/dense_volume.hpp"
-#include "steam/rough_saturation.hpp"
 #include "steam/slopes.hpp"
+#include "steam/tabulated_saturation.hpp"
 
 namespace steam {
 

@@ -2,14 +2,14 @@
 
 #include <cmath>
 
-#include "steam/rough_saturation.hpp"
+#include "steam/newton.hpp"
 #include "steam/saturated.hpp"
 
 namespace steam {
 
 namespace wet {
 
-/// Mixed second property less b, when the first property is a, and what a step needs.
+/// Mixed second property less b, when the first property is a, and the quality of that.
 struct Excess {
   double value, x;
 };
@@ -18,48 +18,70 @@ inline Excess excess(const Ends& first, const Ends& second, double a, double b) 
   return {second.mixed(x) - b, x};
 }
 
-/// Slopes over the saturation temperature while the quality keeps the first property at a.
+/// Slopes along the saturation line while the quality keeps the first property at a.
 struct Slopes {
   double excess, x;
 };
 inline Slopes slopes(const SlopedEnds& first, const SlopedEnds& second, double x) {
-  const double x_over_t = -first.over_t.mixed(x) / (first.value.vapour - first.value.liquid);
-  return {second.over_t.mixed(x) + x_over_t * (second.value.vapour - second.value.liquid),
-          x_over_t};
+  const double x_slope = -first.slope.mixed(x) / (first.value.vapour - first.value.liquid);
+  return {second.slope.mixed(x) + x_slope * (second.value.vapour - second.value.liquid), x_slope};
 }
 
-constexpr double widest_step = 40;  // K
+/// What the table of saturated states says: temperature and quality, and the slopes over the
+/// temperature.
+struct Start {
+  bool promising = false;
+  double t = missing, x = missing;
+  Slopes slopes{};
+};
 
-inline double limited(double step) { return std::fmin(std::fmax(step, -widest_step), widest_step); }
+/// So close to the critical point the table and its slopes are rough.
+constexpr double t_tabulated = t_critical - 0.1;
 
-/// Towards the solution on the table of saturated states.
+/// Whether the table's solution may belong to the wet region of the band.
+inline bool is_promising(const SaturatedBand& band, double r, double x) {
+  const bool rough = r * r < t_critical - t_tabulated;
+  const double doubt_x = rough ? 0.01 : 1e-5;
+  constexpr double doubt_r = 1e-4;
+  const double r_end = band.origin + band.cells / band.scale;
+  return std::abs(x - 0.5) < 0.5 + doubt_x && r > band.origin - doubt_r && r < r_end + doubt_r;
+}
+
+/// The solution on the table, by Newton's iteration over the table's variable.
 template <Quantity A, Quantity B>
-double rough_search(double a, double b, double t, double t_low, double t_high) {
-  constexpr int most_steps = 4;
-  constexpr double enough = 1e-4;  // K: the next step is as exact as the table
+Start tabulated(const SaturatedBand& band, double a, double b, double t) {
+  const double r_least = std::fmax(band.origin - 0.1, 0.01);
+  const double r_most = band.origin + band.cells / band.scale + 0.1;
+  double r = root_of(t);
+  constexpr int most_steps = 10;
   for (int n = 0; n < most_steps; ++n) {
-    const RoughSaturation saturation(t);
-    const SlopedEnds first = saturation.ends<A>();
-    const SlopedEnds second = saturation.ends<B>();
+    const TabulatedSaturation saturation(band, r);
+    const SlopedEnds first = saturation.sloped_ends<A>();
+    const SlopedEnds second = saturation.sloped_ends<B>();
     const Excess e = excess(first.value, second.value, a, b);
-    const double step = limited(-e.value / slopes(first, second, e.x).excess);
-    t = std::fmin(std::fmax(t + step, t_low), t_high);
-    if (!(std::abs(step) > enough)) {
+    // After two steps a wet state is close.
+    const double beyond = n < 2 ? 1 : 0.01;
+    if (!(std::abs(e.x - 0.5) < 0.5 + beyond)) {
+      return {};
+    }
+    const Slopes over_r = slopes(first, second, e.x);
+    const double step = -e.value / over_r.excess;
+    const double next = std::fmin(std::fmax(r + step, r_least), r_most);
+    constexpr double enough = 1e-5;  // the next step is as exact as the table
+    if (std::abs(step) <= enough) {
+      const double over_t = -0.5 / r;
+      const double x = e.x + over_r.x * step;
+      return {is_promising(band, next, x),
+              temperature_of(next),
+              x,
+              {over_r.excess * over_t, over_r.x * over_t}};
+    }
+    if (next == r) {
       break;
     }
+    r = next;
   }
-  return t;
-}
-
-}  // namespace wet
-
-namespace wet {
-
-/// Whether the table's solution may be one of the wet region.
-inline bool is_promising(Excess e, Slopes slope) {
-  constexpr double doubt_x = 0.01, doubt_t = 2;
-  return std::abs(e.x - 0.5) < 0.5 + doubt_x &&
-         std::abs(e.value) < doubt_t * std::abs(slope.excess);
+  return {};
 }
 
 /// One evaluation of the iteration.
@@ -75,43 +97,53 @@ inline double improved(double slope, Step last, double value) {
              : slope;
 }
 
+/// Steps after which the next one would be below the rounding: the table's slopes are good to 1e-6,
+/// and to 1e-3 next to the critical point.
+inline double small_step(double t) { return t < t_tabulated ? 1e-6 : 2e-10; }
+
+/// Saturation pressure at t, after a step that mostly is so small that the line is straight.
+inline double pressure_after(SaturationPressure line, double step, double t) {
+  constexpr double straight = 1e-6;  // K
+  return std::abs(step) <= straight ? line.p + line.over_t * step : saturation_pressure(t);
+}
+
 }  // namespace wet
 
 /// Wet state of two properties that both depend on temperature and quality: an iteration in the
-/// saturation temperature, in which the first property gives the quality. The equations give the
-/// excess, the table of saturated states the slope.
+/// saturation temperature, in which the first property gives the quality. It starts from the
+/// solution on the table of saturated states; the equations give the excess, the table the slope.
 /// @tparam Saturation  LowSaturation or HighSaturation
 /// @param  t           first value
 /// @return             a site of region none when it does not converge near 0 <= x <= 1
 template <Quantity A, Quantity B, class Saturation>
 Site wet_search(double a, double b, double t, Region region) {
-  const bool low = region == Region::wet;
-  const double t_low = low ? -5 : t_350 - 1;
-  const double t_high = low ? t_350 + 5 : t_critical - 1e-4;
-  t = wet::rough_search<A, B>(a, b, t, t_low, t_high);
-  const RoughSaturation rough(t);
-  const SlopedEnds first = rough.ends<A>();
-  const SlopedEnds second = rough.ends<B>();
-  const wet::Excess start = wet::excess(first.value, second.value, a, b);
-  wet::Slopes slope = wet::slopes(first, second, start.x);
-  if (!wet::is_promising(start, slope)) {
+  const SaturatedBand& band = region == Region::wet ? saturated_to_350 : saturated_above_350;
+  const wet::Start start = wet::tabulated<A, B>(band, a, b, t);
+  if (!start.promising) {
     return {};
   }
-  const double small_step = low ? 2e-9 : 2e-10;  // K; the slope is good to about 1e-3
+  t = start.t;
+  double slope = start.slopes.excess;
   wet::Step last{0, 0, HUGE_VAL};
   constexpr int most_steps = 12;
   for (int n = 0; n < most_steps; ++n) {
-    const Saturation saturation(t, saturation_pressure(t));
+    const SaturationPressure line = sloped_saturation_pressure(t);
+    const Saturation saturation(t, line.p);
     const auto [value, x] =
         wet::excess(saturation.template ends<A>(), saturation.template ends<B>(), a, b);
-    slope.excess = wet::improved(slope.excess, last, value);
-    last = {value, x, wet::limited(-value / slope.excess)};
-    if (!std::isfinite(last.step) || !(std::abs(x - 0.5) < 1)) {
+    slope = wet::improved(slope, last, value);
+    constexpr double widest_step = 1;  // K
+    last = {value, x, std::fmin(std::fmax(-value / slope, -widest_step), widest_step)};
+    if (!(std::abs(x - 0.5) < 1)) {
       return {};
     }
-    t = std::fmin(std::fmax(t + last.step, t_low), t_high);
-    if (std::abs(last.step) <= small_step) {
-      return {.region = region, .p = saturation_pressure(t), .t = t, .x = x + slope.x * last.step};
+    t = std::fmin(t + last.step, t_critical - 1e-4);
+    // Where the excess hardly depends on the temperature its rounding ends the iteration.
+    if (std::abs(last.step) <= wet::small_step(t) || newton::is_noise(B, value, b)) {
+      return {.region = region,
+              .p = wet::pressure_after(line, last.step, t),
+              .t = t,
+              .x = x + start.slopes.x * last.step};
     }
   }
   return {};

@@ -8,32 +8,68 @@
 namespace steam {
 namespace {
 
-// At a fixed quality volume and entropy may turn twice along the saturation line. The sides of the
-// table's cells tell which cells may hold a solution; only there the equations are asked. The
-// variable is r = √(374.15 °C - t), in which saturated states are smooth up to the critical point.
+// At a fixed quality volume and entropy may turn along the saturation line. A cell of the table may
+// hold a solution if the values at its sides enclose the wanted one, or if the quantity turns in
+// it. There the roots of one polynomial are all solutions; the equations correct each by a step.
+// Only where the table cannot tell whether there is one, at a turn or next to the critical point,
+// are the equations searched.
 
-const double r_lowest = std::sqrt(t_critical - t_lowest);
+/// The mixed quantity less the wanted value: in one cell, over the place from -1 to 1.
+struct CellPolynomial {
+  std::array<double, saturated_terms> c;
 
-double side(int i) { return i / saturated_table.scale; }
+  [[nodiscard]] Slope operator()(double z) const {
+    double value = c.back(), slope = 0;
+    for (std::size_t k = saturated_terms - 1; k-- > 0;) {
+      slope = slope * z + value;
+      value = value * z + c[k];
+    }
+    return {value, slope};
+  }
+  [[nodiscard]] CellPolynomial derivative() const {
+    CellPolynomial d{};
+    for (std::size_t k = 1; k < saturated_terms; ++k) {
+      d.c[k - 1] = static_cast<double>(k) * c[k];
+    }
+    return d;
+  }
+  /// Whether it surely is farther from zero than `doubt` in the whole cell.
+  [[nodiscard]] bool is_beyond(double doubt) const {
+    double others = 0;
+    for (std::size_t k = 1; k < saturated_terms; ++k) {
+      others += std::abs(c[k]);
+    }
+    constexpr double margin = 1.1;
+    return std::abs(c[0]) > margin * others + doubt;
+  }
+  /// Whether it surely has no turn in the cell.
+  [[nodiscard]] bool is_monotone() const {
+    double others = 0;
+    for (std::size_t k = 2; k < saturated_terms; ++k) {
+      others += static_cast<double>(k) * std::abs(c[k]);
+    }
+    return std::abs(c[1]) > others;
+  }
+};
 
-double temperature_at(double r) { return t_critical - r * r; }
-
-/// Value and slope of the mixed quantity, less the wanted value.
 struct Target {
   Quantity q;
   double value, x;
 
-  [[nodiscard]] double at_node(int i) const {
-    const SaturatedNode& node = saturated_nodes[static_cast<std::size_t>(i)];
-    return (q == Quantity::s ? node.s1 + x * (node.s2 - node.s1)
-                             : node.v1 + x * (node.v2 - node.v1)) -
-           value;
+  [[nodiscard]] const SaturatedProfile& profile(const SaturatedBand& band) const {
+    return q == Quantity::s ? band.s : band.v;
   }
-  [[nodiscard]] Slope rough(double t) const {
-    const RoughSaturation saturation(t);
-    const SlopedEnds ends =
-        q == Quantity::s ? saturation.ends<Quantity::s>() : saturation.ends<Quantity::v>();
-    return {ends.value.mixed(x) - value, ends.over_t.mixed(x)};
+  [[nodiscard]] double at_side(const SaturatedBand& band, int i) const {
+    return Ends{profile(band).liquid[i], profile(band).vapour[i]}.mixed(x) - value;
+  }
+  [[nodiscard]] CellPolynomial polynomial(const SaturatedCell& cell) const {
+    const SaturatedPolynomial& ends = q == Quantity::s ? cell.s : cell.v;
+    CellPolynomial mixed{};
+    for (std::size_t k = 0; k < saturated_terms; ++k) {
+      mixed.c[k] = ends[k][0] + x * (ends[k][1] - ends[k][0]);
+    }
+    mixed.c[0] -= value;
+    return mixed;
   }
   template <class Saturation>
   [[nodiscard]] double exact(double t) const {
@@ -43,7 +79,7 @@ struct Target {
                .mixed(x) -
            value;
   }
-  /// The equations' slope too.
+  /// The equations' slope too, over the temperature.
   template <class Saturation>
   [[nodiscard]] Slope sloped(double t) const {
     const SaturationPressure line = sloped_saturation_pressure(t);
@@ -51,16 +87,33 @@ struct Target {
     const SlopedEnds ends = q == Quantity::s
                                 ? saturation.template sloped_ends<Quantity::s>(line.over_t)
                                 : saturation.template sloped_ends<Quantity::v>(line.over_t);
-    return {ends.value.mixed(x) - value, ends.over_t.mixed(x)};
+    return {ends.value.mixed(x) - value, ends.slope.mixed(x)};
   }
+  /// Differences that the table cannot tell.
+  [[nodiscard]] double doubt() const { return 1e-8 * (std::abs(value) + 1e-3); }
 };
 
-/// Cells at whose sides differences say little: next to the critical point, where the quantity may
-/// turn twice in one, and beside 350 °C, where it jumps.
-constexpr bool is_at_350(int i) {
-  return i == saturated_cells_above_350 - 1 || i == saturated_cells_above_350;
-}
-constexpr bool is_special(int i) { return i < 2 || is_at_350(i); }
+/// One cell of the table and its temperatures.
+struct Cell {
+  const SaturatedBand* band;
+  int number;
+  [[nodiscard]] double root(double z) const {
+    return band->origin + (number + (z + 1) / 2) / band->scale;
+  }
+  [[nodiscard]] bool is_first() const { return number == 0; }
+  [[nodiscard]] bool is_last() const { return number == band->cells - 1; }
+  [[nodiscard]] bool is_critical() const { return band->origin == 0 && number == 0; }
+  /// Where the table begins in the cell.
+  [[nodiscard]] double z_least() const {
+    return is_critical() ? 2 * r_merging * band->scale - 1 : -1;
+  }
+  [[nodiscard]] double t_high() const {
+    return is_first() && !is_critical() ? t_350 : temperature_of(root(z_least()));
+  }
+  [[nodiscard]] double t_low() const {
+    return !is_last() ? temperature_of(root(1)) : band->origin == 0 ? t_350 : t_lowest;
+  }
+};
 
 class Scan {
  public:
@@ -68,93 +121,176 @@ class Scan {
       : target_(target), most_(most), states_(states) {}
 
   void run() {
-    double f_before = target_.at_node(0);
-    double f_left = f_before;
-    double f_right = target_.at_node(1);
-    for (int i = 0; i < saturated_table.cells && states_.count < most_; ++i) {
-      const double f_after = target_.at_node(std::min(i + 2, saturated_table.cells));
-      // Beside an extremum the value may lie a little beyond the sides.
-      const double rise = f_right - f_left;
-      const double smaller = std::min(std::abs(f_left), std::abs(f_right));
-      const double reach =
-          std::abs(f_left - f_before) + std::abs(rise) + std::abs(f_after - f_right);
-      const bool turns = is_special(i) || (f_left - f_before) * rise <= 0 ||
-                         (f_after - f_right) * rise <= 0 || (smaller <= reach && slopes_differ(i));
-      if (f_left * f_right <= 0 || smaller <= node_error() ||
-          (turns && smaller <= reach + (is_at_350(i) ? misfit() : 0))) {
-        i < saturated_cells_above_350 ? cell<HighSaturation>(i, turns)
-                                      : cell<LowSaturation>(i, turns);
-      }
-      f_before = f_left;
-      f_left = f_right;
-      f_right = f_after;
+    if (reaches_above_350()) {
+      beside_critical_point();
+      band<HighSaturation>(saturated_above_350);
     }
+    band<LowSaturation>(saturated_to_350);
     if (states_.count == 0) {
       close_gap();
     }
   }
 
  private:
-  [[nodiscard]] double node_error() const { return 1e-9 * (std::abs(target_.value) + 1e-3); }
+  /// Liquid and vapour are farthest apart at 350 °C.
+  [[nodiscard]] bool reaches_above_350() const {
+    const SaturatedProfile& profile = target_.profile(saturated_above_350);
+    const int last = saturated_above_350.cells;
+    return target_.value >= profile.liquid[last] && target_.value <= profile.vapour[last];
+  }
 
-  /// Whether the quantity rises at one side of a cell and falls at the other.
-  [[nodiscard]] bool slopes_differ(int i) const {
-    constexpr double inside = 1e-3;
-    const auto slope = [this](double place) {
-      const double r = place / saturated_table.scale;
-      return target_.rough(temperature_at(r)).derivative;
+  template <class Saturation>
+  void band(const SaturatedBand& band) {
+    const SaturatedProfile& profile = target_.profile(band);
+    const double x = target_.x, doubt = target_.doubt();
+    double left = target_.at_side(band, 0);
+    for (int i = 0; i < band.cells && wants_more(); ++i) {
+      const double right = target_.at_side(band, i + 1);
+      const bool enclosed = std::min(left, right) <= doubt && std::max(left, right) >= -doubt;
+      if (enclosed || (x >= profile.least_turning[i] && x <= profile.most_turning[i])) {
+        cell<Saturation>({&band, i});
+      }
+      left = right;
+    }
+  }
+
+  /// A state just above 350 °C may have to give way to one below.
+  [[nodiscard]] bool wants_more() const {
+    return states_.count < most_ || (states_.sites[states_.count - 1].t > t_350 &&
+                                     states_.sites[states_.count - 1].t < t_350 + overlap);
+  }
+
+  template <class Saturation>
+  void cell(const Cell& cell) {
+    const CellPolynomial f = target_.polynomial(cell.band->polynomials[cell.number]);
+    if (f.is_beyond(target_.doubt())) {
+      return;
+    }
+    const int count = states_.count;
+    if (!by_table<Saturation>(cell, f)) {
+      states_.count = count;
+      by_equations<Saturation>(cell.t_high(), cell.t_low(), [&](double t) { add_in(cell, t); });
+    }
+  }
+
+  /// All solutions in a cell from the roots of its polynomial.
+  /// @return  whether the table could tell
+  template <class Saturation>
+  bool by_table(const Cell& cell, const CellPolynomial& f) {
+    double left = cell.z_least();
+    bool sure = true;
+    const auto piece = [&](double right) {
+      sure = sure && in_monotone_piece<Saturation>(cell, f, left, right);
+      left = right;
     };
-    return slope(i + inside) * slope(i + 1 - inside) < 0;
+    if (!f.is_monotone()) {
+      all_roots(f.derivative(), left, 1.0, [&](double turn) {
+        sure = sure && std::abs(f(turn).value) > target_.doubt();
+        piece(turn);
+      });
+    }
+    piece(1);
+    return sure;
   }
 
   template <class Saturation>
-  void cell(int i, bool turns) {
-    const bool low = i >= saturated_cells_above_350;
-    const double t_high = low && i == saturated_cells_above_350 ? t_350 : temperature_at(side(i));
-    const double t_low = std::max(temperature_at(std::min(side(i + 1), r_lowest)), t_lowest);
-    if (turns || !approach<Saturation>(t_low, t_high)) {
-      const auto f = [&](double t) { return target_.sloped<Saturation>(t); };
-      solve(f, t_low, t_high);
+  bool in_monotone_piece(const Cell& cell, const CellPolynomial& f, double left, double right) {
+    const double f_left = f(left).value, f_right = f(right).value;
+    if (f_left * f_right < 0) {
+      constexpr double enough = 1e-7;  // the last step is as exact as the table
+      return approach<Saturation>(cell, f, bracketed_root(f, left, right, f_left, enough));
     }
+    // The sides of neighbouring cells do not quite meet, and those at the end of a band may have a
+    // solution just at the end.
+    if (left == cell.z_least() && std::abs(f_left) <= target_.doubt()) {
+      approach<Saturation>(cell, f, left);
+    }
+    if (right == 1 && std::abs(f_right) <= target_.doubt()) {
+      approach<Saturation>(cell, f, right);
+    }
+    return true;
   }
 
-  /// From the table's root with the table's slope.
+  /// From a root of the polynomial with its slope.
   template <class Saturation>
-  bool approach(double t_low, double t_high) {
-    const auto rough = [&](double t) { return target_.rough(t); };
-    const double f_high = rough(t_high).value;
-    if (!(f_high * rough(t_low).value < 0)) {
-      return false;
-    }
-    double t = bracketed_root(rough, t_high, t_low, f_high, 1e-7);
-    const double slope = rough(t).derivative;
+  bool approach(const Cell& cell, const CellPolynomial& f, double z) {
+    const double r = cell.root(z);
+    const double slope = -f(z).derivative * cell.band->scale / r;  // over t
+    double t = temperature_of(r);
     constexpr int most_steps = 6;
     for (int n = 0; n < most_steps; ++n) {
       const double step = -target_.exact<Saturation>(t) / slope;
       t += step;
-      if (!(t >= t_low && t <= t_high)) {
+      constexpr double widest_step = 1e-2;
+      if (!(std::abs(step) <= widest_step)) {
         return false;
       }
-      constexpr double small_step = 2e-9;
-      if (std::abs(step) <= small_step) {
-        add(t);
-        return true;
+      if (std::abs(step) <= wet::small_step(t)) {
+        return add_in(cell, t);
       }
     }
     return false;
   }
 
-  /// All solutions in a cell, by the equations and brackets.
-  template <class F>
-  void solve(const F& f, double t_low, double t_high) {
+  /// A solution may be a little beyond the side of its cell, but not beyond its band.
+  bool add_in(const Cell& cell, double t) {
+    constexpr double boundary_slack = 1e-9;
+    const double high = cell.t_high() + (cell.is_first() ? boundary_slack : 1e-6);
+    const double low = cell.t_low() - (cell.is_last() ? boundary_slack : 1e-6);
+    if (!(t >= low && t <= high)) {
+      return false;
+    }
+    if (cell.band == &saturated_to_350) {
+      add(std::clamp(t, t_lowest, t_350));
+    } else if (t > t_350) {
+      add(t);
+    }
+    return true;
+  }
+
+  /// All solutions between two temperatures, by the equations and brackets.
+  template <class Saturation, class Found>
+  void by_equations(double t_high, double t_low, const Found& found, int parts = 5) {
+    const auto f = [&](double t) { return target_.sloped<Saturation>(t); };
     for (const double end : {t_high, t_low}) {
       if (std::abs(f(end).value) <= rounding()) {
-        add(end);
+        found(end);
       }
     }
-    constexpr int parts = 5;
-    all_roots(
-        f, t_high, t_low, [this](double t) { add(t); }, parts);
+    all_roots(f, t_high, t_low, found, parts);
+  }
+
+  [[nodiscard]] Ends tabulated_at(double t) const {
+    const TabulatedSaturation saturation(t);
+    return target_.q == Quantity::s ? saturation.ends<Quantity::s>()
+                                    : saturation.ends<Quantity::v>();
+  }
+
+  /// Where the table does not tell all: above and below the jump.
+  void beside_critical_point() {
+    const double t_low = temperature_of(r_merging);
+    const Ends at_jump = tabulated_at(below_jump);
+    const Ends at_low = tabulated_at(t_low);
+    // A bracket may close on a jump.
+    const auto found = [this](double t) {
+      constexpr double miss = 1e-9;
+      if (std::abs(target_.exact<HighSaturation>(t)) <= miss * target_.value) {
+        add(t);
+      } else {
+        closed_on_jump_ = t;
+      }
+    };
+    const double room = target_.q == Quantity::s ? 5e-4 : 2e-3;
+    const auto is_between = [&](double least, double most) {
+      return target_.value > least * (1 - room) && target_.value < most * (1 + room);
+    };
+    if (is_between(at_jump.liquid, at_low.vapour)) {
+      by_equations<HighSaturation>(t_critical, above_jump, found, 1);
+    }
+    if (is_between(Ends{at_low.liquid, at_jump.vapour}.mixed(target_.x),
+                   Ends{at_jump.liquid, at_low.vapour}.mixed(target_.x))) {
+      by_equations<HighSaturation>(below_jump, t_low, found, 2);
+    }
   }
 
   /// By how much the subregions may miss each other at 350 °C.
@@ -166,31 +302,32 @@ class Scan {
     return target_.q == Quantity::s ? 1e-12 : 1e-14 * target_.value;
   }
 
-  /// A value that neither side of 350 °C reaches: the states there miss each other slightly.
+  /// A value that neither side of 350 °C or of a jump reaches.
   void close_gap() {
-    if (std::abs(target_.at_node(saturated_cells_above_350)) < misfit()) {
-      add(t_350);
-      states_.sites[0].approximate = states_.count > 0;
+    if (std::abs(target_.at_side(saturated_to_350, 0)) < misfit()) {
+      add_approximate(t_350);
+    } else if (closed_on_jump_ > 0) {
+      add_approximate(closed_on_jump_);
+    } else if (reaches_above_350() && target_.exact<HighSaturation>(above_jump) *
+                                              target_.exact<HighSaturation>(below_jump) <
+                                          0) {
+      add_approximate(below_jump);
     }
   }
 
-  /// Where the two saturated volumes merge the sum jumps, and a bracket may close on the jump.
-  [[nodiscard]] bool is_jump(double t) const {
-    constexpr double t_merging = t_critical - 2e-3;
-    constexpr double miss = 1e-9;
-    return t > t_merging &&
-           std::abs(target_.exact<HighSaturation>(t)) > miss * std::abs(target_.value);
+  void add_approximate(double t) {
+    add(t);
+    states_.sites[0].approximate = true;
   }
 
   void add(double t) {
     const Site site{.region = t <= t_350 ? Region::wet : Region::wet_above_350,
                     .p = saturation_pressure(t),
                     .t = t,
-                    .x = target_.x,
-                    .approximate = is_jump(t)};
+                    .x = target_.x};
     if (states_.count > 0) {
       Site& last = states_.sites[states_.count - 1];
-      constexpr double overlap = 0.5, same = 1e-7;
+      constexpr double same = 1e-7;
       const bool both_sides = last.t > t_350 && t <= t_350 && last.t - t < overlap;
       if (both_sides || std::abs(last.t - t) < same) {
         last = site;
@@ -202,9 +339,12 @@ class Scan {
     }
   }
 
+  static constexpr double above_jump = t_jump + 1e-8, below_jump = t_jump - 1e-8;
+  static constexpr double overlap = 0.5;  // K: widest at 350 °C
   Target target_;
   int most_;
   WetStates& states_;
+  double closed_on_jump_ = 0;  // °C, if it has happened
 };
 
 }  // namespace
