@@ -3,8 +3,7 @@
 #include <cmath>
 
 #include "steam/charts.hpp"
-#include "steam/newton.hpp"
-#include "steam/saturation_line.hpp"
+#include "steam/region_search.hpp"
 #include "steam/transport.hpp"
 
 namespace steam {
@@ -72,6 +71,15 @@ template <Quantity Q>
 bool values_on_isobar(Pair pair, double p, double value, Wanted wanted, Values& out) {
   const Place here = place(charts[static_cast<std::size_t>(pair)], p, value);
   for (const Patch& patch : here.patches) {
+    if (is_wet(patch.region) && p < p_critical) {
+      const double t = saturation_temperature(p);
+      const Site site = plainly_wet<Q>(t, p, value);
+      constexpr double overlap = 0.5;  // K, with the wet states up to 350 °C
+      if (site && (t <= t_350 || t > t_350 + overlap)) {
+        properties(site, wanted, out);
+        return true;
+      }
+    }
     if (patch.region != Region::water && patch.region != Region::steam) {
       continue;
     }
