@@ -80,7 +80,10 @@ bool values_on_isobar(Pair pair, double p, double value, Wanted wanted, Values& 
         return true;
       }
     }
-    if (patch.region != Region::water && patch.region != Region::steam) {
+    if (is_3(patch.region)) {
+      return false;
+    }
+    if (is_wet(patch.region)) {
       continue;
     }
     const double t = here(patch, 0);

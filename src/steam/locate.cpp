@@ -110,7 +110,7 @@ Site attempt_wet(const Place& here, double a, double b) {
     if (!is_wet(patch.region)) {
       continue;
     }
-    constexpr double room = 0.02;
+    constexpr double room = 0.002;
     const Variables start = start_in<P>(here, patch);
     if (is_plausibly_wet<P>(patch.region, start.t, a, b, room)) {
       const Site site = attempt<P>(patch.region, a, b, start);
