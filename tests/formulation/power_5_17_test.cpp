@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <random>
 
 namespace {
@@ -12,7 +13,8 @@ double error(double z) {
   const long double exact = std::pow(static_cast<long double>(z), -5.0L / 17);
   const auto rounded = static_cast<double>(exact);
   const double unit = std::nextafter(rounded, HUGE_VAL) - rounded;
-  return static_cast<double>(std::abs(steam::to_minus_5_17(z) - exact)) / unit;
+  return static_cast<double>(std::abs(static_cast<long double>(steam::to_minus_5_17(z)) - exact)) /
+         unit;
 }
 
 /// At the sides of the cells and everywhere, within the table and on both sides of it.
@@ -26,7 +28,7 @@ TEST(PowerM5Of17, IsExactToItsLastDigit) {
     }
   }
   EXPECT_TRUE(std::isnan(steam::to_minus_5_17(-1)));
-  EXPECT_TRUE(std::isnan(steam::to_minus_5_17(NAN)));
+  EXPECT_TRUE(std::isnan(steam::to_minus_5_17(std::numeric_limits<double>::quiet_NaN())));
 }
 
 }  // namespace
