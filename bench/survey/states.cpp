@@ -89,6 +89,10 @@ State wet_at(double t, double x) {
 }
 
 State wet_above_350_at(double t, double x) {
+  if (!(t >= 350 && t <= 374.15)) {
+    const double none = single_phase;
+    return {5, none, t, none, none, none, none, x};
+  }
   const double ps = saturation_pressure(t);
   return wet_between(5, at_volume(4, ps, water_volume3(ps, t), t),
                      at_volume(3, ps, steam_volume3(ps, t), t), x);
@@ -112,6 +116,22 @@ State supercritical(double a, double b, double t_low, double t_high) {
 }
 
 }  // namespace
+
+State state_at(int region, double first, double t) {
+  switch (region) {
+    case 1:
+      return water_at(first, t);
+    case 2:
+      return steam_at(first, t);
+    case 3:
+    case 4:
+      return at_volume(region, pressure3(first, t), first, t);
+    case 5:
+      return wet_above_350_at(t, first);
+    default:
+      return wet_at(t, first);
+  }
+}
 
 const std::vector<Band>& bands() {  // NOLINT(readability-function-size): a table
   static const std::vector<Band> all{

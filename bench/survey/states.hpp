@@ -11,6 +11,10 @@ struct State {
   double p, t, v, h, s, u, x;  // x is not a number for a single phase
 };
 
+/// The state of a region at its evaluation pair.
+/// @param first  p in regions 1 and 2, v in 3 and 4, x in 5 and 6
+State state_at(int region, double first, double t);
+
 /// A part of the range in which the finders behave alike.
 struct Band {
   std::string name;

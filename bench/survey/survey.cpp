@@ -33,7 +33,8 @@ namespace {
 
 /// One state placed.
 struct Trial {
-  bool placed_right, flagged, unconverged;
+  bool placed_right;
+  Answer answer;
   double error;
 };
 
@@ -41,36 +42,9 @@ double relative(double found, double value, double scale) {
   return std::abs(found - value) / std::abs(scale);
 }
 
-/// Largest error of the evaluation pair that a finder left for a state.
-double error_of(const State& state, double first, double t) {
-  if (std::isnan(first) || std::isnan(t)) {
-    return HUGE_VAL;
-  }
-  const double of_t = relative(t, state.t, state.t + 273.15);
-  switch (state.region) {
-    case 1:
-    case 2:
-      return std::max(of_t, relative(first, state.p, state.p));
-    case 3:
-    case 4:
-      return std::max(of_t, relative(first, state.v, state.v));
-    default:
-      return std::max(of_t, relative(first, state.x, 1));
-  }
-}
-
 Trial place(const Finder& finder, const State& state) {
-  std::stringbuf lines;
-  static_cast<std::ios&>(classic::ErrorStream).rdbuf(&lines);
-  classic::ErrorCount = 0;  // so that lines go on being written
-  classic::set_error_flag(0);
-  double a = state.*finder.first;
-  double b = state.*finder.second;
-  double tolerance = 1e-8;
-  const int region = finder.find(&a, &b, &tolerance);
-  static_cast<std::ios&>(classic::ErrorStream).rdbuf(nullptr);
-  return {region == state.region, VEKHasError() != 0,
-          lines.str().find("iterations exceeded") != std::string::npos, error_of(state, a, b)};
+  const Answer answer = ask(finder, state);
+  return {answer.region == state.region, answer, error_of(state, answer)};
 }
 
 template <class Property>
@@ -115,6 +89,39 @@ const std::vector<Finder>& finders() {
 
 long evaluations() { return evaluated; }
 
+Answer ask(const Finder& finder, const State& state) {
+  std::stringbuf lines;
+  static_cast<std::ios&>(classic::ErrorStream).rdbuf(&lines);
+  classic::ErrorCount = 0;  // so that lines go on being written
+  classic::set_error_flag(0);
+  double a = state.*finder.first;
+  double b = state.*finder.second;
+  double tolerance = finder_tolerance;
+  const int region = finder.find(&a, &b, &tolerance);
+  static_cast<std::ios&>(classic::ErrorStream).rdbuf(nullptr);
+  const bool unconverged = lines.str().find("iterations exceeded") != std::string::npos;
+  return {region, a, b, VEKHasError() != 0, unconverged};
+}
+
+double error_of(const State& state, const Answer& answer) {
+  const double first = answer.first;
+  const double t = answer.t;
+  if (std::isnan(first) || std::isnan(t)) {
+    return HUGE_VAL;
+  }
+  const double of_t = relative(t, state.t, state.t + 273.15);
+  switch (state.region) {
+    case 1:
+    case 2:
+      return std::max(of_t, relative(first, state.p, state.p));
+    case 3:
+    case 4:
+      return std::max(of_t, relative(first, state.v, state.v));
+    default:
+      return std::max(of_t, relative(first, state.x, 1));
+  }
+}
+
 Result place_all(const Finder& finder, const Band& band, int count) {
   std::vector<Trial> trials;
   trials.reserve(static_cast<std::size_t>(count));
@@ -127,8 +134,8 @@ Result place_all(const Finder& finder, const Band& band, int count) {
   return {share(trials, [](const Trial& t) { return t.placed_right; }),
           errors.empty() ? none : errors[errors.size() / 2],
           errors.empty() ? none : errors.back(),
-          share(trials, [](const Trial& t) { return t.flagged; }),
-          share(trials, [](const Trial& t) { return t.unconverged; }),
+          share(trials, [](const Trial& t) { return t.answer.flagged; }),
+          share(trials, [](const Trial& t) { return t.answer.unconverged; }),
           static_cast<double>(evaluations() - before) / count};
 }
 

@@ -21,6 +21,22 @@ struct Finder {
 
 const std::vector<Finder>& finders();
 
+/// What a finder leaves: its code and the evaluation pair, whose first is p, v or x by the region.
+struct Answer {
+  int region;
+  double first, t;
+  bool flagged, unconverged;  // the error flag was raised, a solver warned
+};
+
+/// The tolerance that the finders are given.
+constexpr double finder_tolerance = 1e-8;
+
+Answer ask(const Finder& finder, const State& state);
+
+/// Largest error of the evaluation pair that a finder left in the state's region: relative, of
+/// qualities absolute, of t relative to 0 K.
+double error_of(const State& state, const Answer& answer);
+
 /// How a finder does in a band. Shares are of all states; errors of those placed right.
 struct Result {
   double placed_right;                 // share in the region the state was made in

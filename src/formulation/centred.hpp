@@ -19,7 +19,7 @@ struct Centred {
       : published(coefficients), centre(x_centre), around{} {
     std::array<long double, N> c{};
     for (std::size_t i = 0; i < N; ++i) {
-      c[i] = coefficients[i];
+      c[i] = static_cast<long double>(coefficients[i]);
     }
     for (std::size_t done = 0; done + 1 < N; ++done) {  // divisions by x - centre
       for (std::size_t i = N - 1; i-- > done;) {

@@ -40,6 +40,10 @@ template <class Num>
           6 * c3 * tau + 2 * c2};
 }
 
+/// A reciprocal reduced temperature amid those of the vapour next to the boundary line, where χ⁶
+/// weighs most.
+constexpr double C6_centre = 0.95;
+
 /// θ times the derivative of Σ C7v τ^(v+1), less that sum, in powers of τ.
 constexpr auto C7_h = [] {
   std::array<double, 10> c{};
@@ -97,9 +101,11 @@ template <class Math>
   c2[4] += C41 * of_C4.second;
 
   // χ⁶ Σ C6v θ^(-2-v) and, over θ alone, C40, C50 and C7.
-  constexpr std::array<double, 5> C6_1{-2 * C6[0], -3 * C6[1], -4 * C6[2], -5 * C6[3], -6 * C6[4]};
-  constexpr std::array<double, 5> C6_2{6 * C6[0], 12 * C6[1], 20 * C6[2], 30 * C6[3], 42 * C6[4]};
-  const Num f = Math::polynomial(C6, x) * x2;
+  constexpr Centred<5> C6_0(C6, C6_centre);
+  constexpr Centred<5> C6_1({-2 * C6[0], -3 * C6[1], -4 * C6[2], -5 * C6[3], -6 * C6[4]},
+                            C6_centre);
+  constexpr Centred<5> C6_2({6 * C6[0], 12 * C6[1], 20 * C6[2], 30 * C6[3], 42 * C6[4]}, C6_centre);
+  const Num f = Math::polynomial(C6_0, x) * x2;
   const Num f1 = Math::polynomial(C6_1, x) * x2 * x;
   const Num f2 = Math::polynomial(C6_2, x) * x2 * x2;
   constexpr std::array<double, 9> C7_1{C7[0],     2 * C7[1], 3 * C7[2], 4 * C7[3], 5 * C7[4],

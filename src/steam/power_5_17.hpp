@@ -37,7 +37,7 @@ constexpr auto points = [] {
   for (std::size_t i = 0; i < all.size(); ++i) {
     constexpr std::uint64_t half = std::uint64_t{1} << (mantissa_bits - 1);
     const auto z = std::bit_cast<double>(((first + i) << mantissa_bits) + half);
-    y = from(y, z);
+    y = from(y, static_cast<long double>(z));
     all[i] = {z, 1 / z, static_cast<double>(y)};
   }
   return all;

@@ -9,7 +9,6 @@ namespace steam {
 namespace {
 
 using P = Property;
-constexpr double kj_to_bar_m3 = 1 / kj_per_bar_m3;
 constexpr double pascal = 1e5;  // per bar
 
 /// Speed of sound, m/s, and isentropic exponent from (∂v/∂p)s, m³/(kg bar).
