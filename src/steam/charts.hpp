@@ -86,7 +86,8 @@ struct Place {
   /// The value of polynomial number `index` of a patch.
   [[nodiscard]] double operator()(const Patch& patch, std::size_t index) const {
     const float* c = coefficients + chart_stride * (patch.polynomials + index);
-    const auto rest = static_cast<double>(*c++);
+    // A place without coefficients has no patches to ask for.
+    const auto rest = static_cast<double>(*c++);  // NOLINT(clang-analyzer-core.NullDereference)
     std::array<double, chart_degree + 1> over_x{};
     const auto add = [&]<std::size_t power>() {
       constexpr std::size_t count = chart_degree + 1 - power;

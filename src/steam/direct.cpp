@@ -67,41 +67,56 @@ bool is_well_inside(Region region, double p, double t) {
          (t > t_line_end + kelvins || (t < t_line_end && p < line_pressure(t) * (1 - share)));
 }
 
+/// In water or steam.
+template <Quantity Q>
+bool one_phase_values(Region region, double t, double p, double value, Wanted wanted, Values& out) {
+  const bool done = region == Region::water ? step_from<Water, Q>(t, p, value, wanted, out)
+                                            : step_from<Steam, Q>(t, p, value, wanted, out);
+  if (!done) {
+    return false;
+  }
+  at(out, P::p) = p;
+  at(out, P::region) = static_cast<double>(region);
+  at(out, P::x) = at(out, P::surface_tension) = missing;
+  if (wanted.has(P::density)) {
+    at(out, P::density) = 1 / at(out, P::v);
+  }
+  transport(at(out, P::t), wanted, out);
+  return true;
+}
+
+template <Quantity Q>
+bool wet_values(double p, double value, Wanted wanted, Values& out) {
+  if (p >= p_critical) {
+    return false;
+  }
+  const double t = saturation_temperature(p);
+  constexpr double overlap = 0.5;  // K, with the wet states up to 350 °C
+  const Site site = plainly_wet<Q>(t, p, value);
+  if (!site || (t > t_350 && t < t_350 + overlap)) {
+    return false;
+  }
+  properties(site, wanted, out);
+  return true;
+}
+
 template <Quantity Q>
 bool values_on_isobar(Pair pair, double p, double value, Wanted wanted, Values& out) {
   const Place here = place(charts[static_cast<std::size_t>(pair)], p, value);
   for (const Patch& patch : here.patches) {
-    if (is_wet(patch.region) && p < p_critical) {
-      const double t = saturation_temperature(p);
-      const Site site = plainly_wet<Q>(t, p, value);
-      constexpr double overlap = 0.5;  // K, with the wet states up to 350 °C
-      if (site && (t <= t_350 || t > t_350 + overlap)) {
-        properties(site, wanted, out);
-        return true;
-      }
-    }
     if (is_3(patch.region)) {
       return false;
     }
     if (is_wet(patch.region)) {
+      if (wet_values<Q>(p, value, wanted, out)) {
+        return true;
+      }
       continue;
     }
     const double t = here(patch, 0);
-    if (!is_well_inside(patch.region, p, t)) {
-      continue;
+    if (is_well_inside(patch.region, p, t)) {
+      return one_phase_values<Q>(patch.region, t, p, value, wanted, out);
     }
-    const bool done = patch.region == Region::water ? step_from<Water, Q>(t, p, value, wanted, out)
-                                                    : step_from<Steam, Q>(t, p, value, wanted, out);
-    if (done) {
-      at(out, P::p) = p;
-      at(out, P::region) = static_cast<double>(patch.region);
-      at(out, P::x) = at(out, P::surface_tension) = missing;
-      if (wanted.has(P::density)) {
-        at(out, P::density) = 1 / at(out, P::v);
-      }
-      transport(at(out, P::t), wanted, out);
-    }
-    return done;
   }
   return false;
 }

@@ -13,7 +13,8 @@ namespace steam {
 // times as fast.
 namespace power_5_17 {
 
-constexpr int points_per_octave = 64, octaves = 5, mantissa_bits = 46;
+constexpr std::size_t points_per_octave = 64, octaves = 5;
+constexpr int mantissa_bits = 46;
 constexpr double lowest = 0.125;
 constexpr std::uint64_t first = std::bit_cast<std::uint64_t>(lowest) >> mantissa_bits;
 
