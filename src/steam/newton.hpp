@@ -111,7 +111,7 @@ bool are_noise(Residuals r, double a, double b) {
 /// Size of a step in its own variables, at least that of its larger part.
 template <class Equation>
 double relative_size(Variables step, Variables x) {
-  return std::abs(step.z) / (x.z + Equation::z_floor) + std::abs(step.t) / kelvin(x.t);
+  return std::abs(step.z) / (x.z + Equation::z_floor) + std::abs(step.t / kelvin(x.t));
 }
 
 }  // namespace newton
