@@ -1,7 +1,9 @@
 #include "pair_check.hpp"
 
+#include <array>
 #include <cmath>
 #include <cstdio>
+#include <vector>
 
 #include "round_trips.hpp"
 
@@ -30,6 +32,40 @@ std::string described(steam::Pair pair, Given g, const char* what, double number
   return line;
 }
 
+struct Column {
+  steam::Property property;
+  double steam::State::*member;
+};
+constexpr std::array columns{Column{steam::Property::t, &steam::State::t},
+                             Column{steam::Property::h, &steam::State::h},
+                             Column{steam::Property::s, &steam::State::s},
+                             Column{steam::Property::v, &steam::State::v},
+                             Column{steam::Property::u, &steam::State::u},
+                             Column{steam::Property::p, &steam::State::p},
+                             Column{steam::Property::viscosity, &steam::State::viscosity}};
+
+/// What is wrong with properties that are asked for without the rest of the state: each alone, then
+/// each with all before it.
+std::string fault_of_values(steam::Pair pair, Given g, const steam::State& state) {
+  std::vector<steam::Property> together;
+  std::array<double, columns.size()> out{};
+  for (const Column& column : columns) {
+    const double expected = state.*column.member;
+    together.push_back(column.property);
+    steam::values(pair, g.first, g.second, together, out);
+    for (const double found :
+         {steam::value(pair, g.first, g.second, column.property), out[together.size() - 1]}) {
+      const bool same = std::isnan(expected)
+                            ? std::isnan(found)
+                            : std::abs(found - expected) <= tolerance * std::abs(expected) + 1e-10;
+      if (!same) {
+        return described(pair, g, "another value when asked for without the rest", found);
+      }
+    }
+  }
+  return "";
+}
+
 bool in_range(const steam::State& s) {
   constexpr double slack = 1e-7;
   return s.p >= 0.006112444 * (1 - slack) && s.p <= 1000 * (1 + slack) && s.t >= 0.01 - slack &&
@@ -52,7 +88,7 @@ std::string fault(steam::Pair pair, double first, double second) {
   if (!(e <= (result->approximate ? misfit : tolerance))) {
     return described(pair, g, "not reproduced, error", e);
   }
-  return "";
+  return fault_of_values(pair, g, *result);
 }
 
 }  // namespace pair_check
