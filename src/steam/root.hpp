@@ -42,8 +42,9 @@ double bracketed_root(F&& f, double a, double b, double f_a, double small_step =
 /// All roots of f between a and b: both beside an extremum too, when the derivative changes sign
 /// between neighbouring points of a subdivision.
 /// @param found  called with each root, in the order from a to b
+/// @param touch  an extremum that misses zero by no more, the rounding of f, counts as a root
 template <class F, class Found>
-void all_roots(F&& f, double a, double b, Found&& found, int parts = 12) {
+void all_roots(F&& f, double a, double b, Found&& found, int parts = 12, double touch = 0) {
   double left = a;
   Slope at_left = f(a);
   if (at_left.value == 0) {
@@ -63,6 +64,8 @@ void all_roots(F&& f, double a, double b, Found&& found, int parts = 12) {
       if (at_top.value * at_left.value < 0) {
         found(bracketed_root(f, left, top, at_left.value));
         found(bracketed_root(f, top, right, at_top.value));
+      } else if (std::abs(at_top.value) <= touch) {
+        found(top);
       }
     }
     left = right;

@@ -257,7 +257,7 @@ class Scan {
         found(end);
       }
     }
-    all_roots(f, t_high, t_low, found, parts);
+    all_roots(f, t_high, t_low, found, parts, rounding());
   }
 
   [[nodiscard]] Ends tabulated_at(double t) const {
