@@ -63,7 +63,7 @@ inline double to_minus_5_17(double z) {
   if (index >= points.size()) {
     return std::pow(z, -5.0 / 17);
   }
-  const Point& at = points[index];
+  const Point& at = points[static_cast<std::size_t>(index)];
   const auto& c = series;
   const double r = (z - at.z) * at.inverse;
   const double r2 = r * r;
