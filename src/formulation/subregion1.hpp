@@ -45,13 +45,13 @@ struct Terms1 {
   Num theta16, theta17, theta18, theta19, theta20, theta21;
   Divisor under_theta, under_theta2, under_theta6, under_theta7, under_theta20, under_theta21;
   Num beta2, beta3, beta4;
-  Num d8, d9, d10;            // (a6 - θ)⁸, (a6 - θ)⁹ and (a6 - θ)¹⁰
-  Divisor under_f;            // a7 + θ¹⁹
-  Divisor under_f2;           // its square
-  Divisor under_g;            // a8 + θ¹¹
-  Num A17_19_over_g2;         // (A17 β + A18 β² + A19 β³) / (a8 + θ¹¹)²
-  Divisor under_e, under_e4;  // a10 + β and (a10 + β)⁴
-  Num e;                      // 1 / (a10 + β)³ + a11 β
+  Num d8, d9, d10;                      // (a6 - θ)⁸, (a6 - θ)⁹ and (a6 - θ)¹⁰
+  Divisor under_f;                      // a7 + θ¹⁹
+  Divisor under_f2;                     // its square
+  Divisor under_g;                      // a8 + θ¹¹
+  Num A17_19_over_g2;                   // (A17 β + A18 β² + A19 β³) / (a8 + θ¹¹)²
+  Divisor under_e, under_e3, under_e4;  // a10 + β and its powers
+  Num e;                                // 1 / (a10 + β)³ + a11 β
   Num Y, root, Z;  // Y = 1 - a1 θ² - a2 θ⁻⁶, Z = Y + √(a3 Y² - 2 a4 θ + 2 a5 β)
   Num dY;          // ∂Y/∂θ
   Num Z_m5_17;     // Z^(-5/17)
@@ -100,9 +100,9 @@ template <class Math>
   s.under_g = Divisor(a[8] + s.theta11);
   s.A17_19_over_g2 = ((A[19] * s.beta + A[18]) * s.beta + A[17]) * s.beta / s.under_g / s.under_g;
   s.under_e = Divisor(a[10] + s.beta);
-  const auto under_e3 = s.under_e * s.under_e * s.under_e;
-  s.under_e4 = s.under_e * under_e3;
-  s.e = 1 / under_e3 + a[11] * s.beta;
+  s.under_e3 = s.under_e * s.under_e * s.under_e;
+  s.under_e4 = s.under_e * s.under_e3;
+  s.e = 1 / s.under_e3 + a[11] * s.beta;
   s.Y = 1 - a[1] * s.theta2 - a[2] / s.under_theta6;
   s.root = Math::sqrt((a[5] * s.beta - a[4] * s.theta) * 2 + a[3] * s.Y * s.Y);
   s.Z = s.Y + s.root;

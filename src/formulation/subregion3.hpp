@@ -78,15 +78,13 @@ struct Terms3 {
 /// @param v  specific volume, m³/kg
 /// @param t  temperature, °C
 template <class Math>
-[[gnu::always_inline]] inline Terms3<Math> terms3(typename Math::Number v,
-                                                  typename Math::Number t) {
+Terms3<Math> terms3(typename Math::Number v, typename Math::Number t) {
   using namespace subregion3;
-  using Divisor = typename Math::Divisor;
   Terms3<Math> s;
-  s.chi = v / Divisor(reducing_volume);
-  s.theta = reduced_temperature<Divisor>(t);
+  s.chi = v / reducing_volume;
+  s.theta = reduced_temperature(t);
   s.tau = s.theta - 1;
-  s.y = (1 - s.theta) / Divisor(one_minus_theta_350);
+  s.y = (1 - s.theta) / one_minus_theta_350;
   s.y2 = s.y * s.y;
   s.y3 = s.y * s.y2;
   s.y30 = 0.0;
@@ -101,17 +99,16 @@ template <class Math>
   s.w5 = s.w2 * s.w2 * s.w;
   s.w6 = s.w5 * s.w;
   s.log_chi = Math::log(s.chi);
-  s.P0 = Math::polynomial(D3, s.w);
-  s.P0d = Math::polynomial(subregion3::P0d, s.w) * s.w2;
-  s.Q0 = Math::polynomial(D4, s.w);
-  s.Q0d = Math::polynomial(subregion3::Q0d, s.w) * s.w2;
-  s.R0 = Math::polynomial(D5, s.chi);
-  s.R0d = Math::polynomial(subregion3::R0d, s.chi);
-  const Divisor under_theta(s.theta);
-  s.one_over_theta = 1 / under_theta;
+  s.P0 = horner(D3, s.w);
+  s.P0d = horner(subregion3::P0d, s.w) * s.w2;
+  s.Q0 = horner(D4, s.w);
+  s.Q0d = horner(subregion3::Q0d, s.w) * s.w2;
+  s.R0 = horner(D5, s.chi);
+  s.R0d = horner(subregion3::R0d, s.chi);
+  s.one_over_theta = 1 / s.theta;
   s.theta_m22 = Math::template whole_power<22>(s.one_over_theta);
   s.theta_m23 = s.theta_m22 * s.one_over_theta;
-  s.chi5_theta2 = Math::template whole_power<5>(s.chi) / (under_theta * under_theta);
+  s.chi5_theta2 = Math::template whole_power<5>(s.chi) / (s.theta * s.theta);
   s.chi6_theta2 = s.chi * s.chi5_theta2;
   return s;
 }
@@ -132,7 +129,7 @@ auto conditional_pressure(const Terms3<Math>& s) {
 /// ∂/∂χ of one of the groups C0 … C3.
 template <class Math, class Group, class Products>
 auto group_slope(const Group& C, const Products& P, const Terms3<Math>& s) {
-  return C[1] - Math::polynomial(P, s.w) * s.w2 + C.back() * s.w;
+  return C[1] - horner(P, s.w) * s.w2 + C.back() * s.w;
 }
 
 /// Pressure, bar: -∂ψ3/∂χ.
@@ -145,7 +142,7 @@ auto pressure(const Terms3<Math>& s, typename Math::Number G) {
   const auto B = group_slope(C2, P_B, s);
   const auto C = group_slope(C3, P_C, s);
   const auto E = five_C41 * s.w6 * s.theta_m23;
-  const auto F = Math::polynomial(C6, s.one_over_theta) * (s.chi5_theta2 * 6);
+  const auto F = horner(C6, s.one_over_theta) * (s.chi5_theta2 * 6);
   return reducing_pressure * ((-D - (C * s.tau + B) * s.tau + E) * s.tau - A - F + G);
 }
 
@@ -203,9 +200,9 @@ auto enthalpy(const Terms3<Math>& s) {
     sum7 = sum7 * s.tau + (n * s.tau + (n + 1)) * C7[v];
   }
   constexpr std::array<double, 5> weighted_C6{-3 * C6[0], -2 * C6[1], -C6[2], 0 * C6[3], C6[4]};
-  auto epsilon =
-      from_groups + s.theta_m23 * (C40 * (23 * s.tau - 1) + C41 * s.w5 * (28 * s.tau - 1)) -
-      C50 * s.theta + s.chi6_theta2 * Math::polynomial(weighted_C6, s.one_over_theta) - sum7;
+  auto epsilon = from_groups +
+                 s.theta_m23 * (C40 * (23 * s.tau - 1) + C41 * s.w5 * (28 * s.tau - 1)) -
+                 C50 * s.theta + s.chi6_theta2 * horner(weighted_C6, s.one_over_theta) - sum7;
   if (!leaves_conditional_out(s)) {
     epsilon = epsilon + conditional_enthalpy(s);
   }
@@ -224,8 +221,8 @@ auto entropy(const Terms3<Math>& s) {
                s.tau * (2 * group_value(C2, s) + 3 * s.tau * group_value(C3, s)) -
                (C40 + C41 * s.w5) * (23 - 22 * s.theta) * s.theta_m23 * s.one_over_theta -
                C50 * (1 + s.log_theta) +
-               s.chi6_theta2 * s.one_over_theta * Math::polynomial(weighted_C6, s.one_over_theta) -
-               Math::polynomial(weighted_C7, s.tau);
+               s.chi6_theta2 * s.one_over_theta * horner(weighted_C6, s.one_over_theta) -
+               horner(weighted_C7, s.tau);
   if (!leaves_conditional_out(s)) {
     sigma = sigma + (s.y2 * (3 * s.P0 + 4 * s.y * s.Q0) + 32 * s.y31 * s.R0) / one_minus_theta_350;
   }
@@ -241,11 +238,10 @@ auto psi_theta_theta(const Terms3<Math>& s) {
   constexpr std::array<double, 8> weighted_C7{2 * C7[1],  6 * C7[2],  12 * C7[3], 20 * C7[4],
                                               30 * C7[5], 42 * C7[6], 56 * C7[7], 72 * C7[8]};
   const auto theta_m2 = s.one_over_theta * s.one_over_theta;
-  auto sum = 2 * group_value(C2, s) + 6 * s.tau * group_value(C3, s) +
-             (C40 + C41 * s.w5) * (506 * s.theta - 552) * s.theta_m23 * theta_m2 +
-             C50 * s.one_over_theta +
-             s.chi6_theta2 * theta_m2 * Math::polynomial(weighted_C6, s.one_over_theta) +
-             Math::polynomial(weighted_C7, s.tau);
+  auto sum =
+      2 * group_value(C2, s) + 6 * s.tau * group_value(C3, s) +
+      (C40 + C41 * s.w5) * (506 * s.theta - 552) * s.theta_m23 * theta_m2 + C50 * s.one_over_theta +
+      s.chi6_theta2 * theta_m2 * horner(weighted_C6, s.one_over_theta) + horner(weighted_C7, s.tau);
   if (!leaves_conditional_out(s)) {
     sum = sum + (6 * s.y * (s.P0 + 2 * s.y * s.Q0) + 992 * s.y30 * s.R0) /
                     (one_minus_theta_350 * one_minus_theta_350);
@@ -262,7 +258,7 @@ auto psi_chi_theta(const Terms3<Math>& s) {
   auto sum = group_slope(C1, P_D, s) +
              s.tau * (2 * group_slope(C2, P_B, s) + 3 * s.tau * group_slope(C3, P_C, s)) -
              five_C41 * s.w6 * (23 - 22 * s.theta) * s.theta_m23 * s.one_over_theta -
-             6 * s.chi5_theta2 * s.one_over_theta * Math::polynomial(weighted_C6, s.one_over_theta);
+             6 * s.chi5_theta2 * s.one_over_theta * horner(weighted_C6, s.one_over_theta);
   if (!leaves_conditional_out(s)) {
     sum = sum + (s.y2 * (3 * s.P0d + 4 * s.y * s.Q0d) - 32 * s.y31 * s.R0d) / one_minus_theta_350;
   }
@@ -277,13 +273,11 @@ auto psi_chi_chi(const Terms3<Math>& s) {
              s.tau * (group_curvature(C1, s) +
                       s.tau * (group_curvature(C2, s) + s.tau * group_curvature(C3, s))) +
              30 * C41 * s.w6 * s.w * s.theta_m23 * s.tau +
-             30 * s.chi5_theta2 * s.w * Math::polynomial(C6, s.one_over_theta);
+             30 * s.chi5_theta2 * s.w * horner(C6, s.one_over_theta);
   if (!leaves_conditional_out(s)) {
     // w³ (w P'' + 2 P') of the sums P = Σ D_v w^v: Σ v (v + 1) D_v w^v, times w²
     const auto curvature = [&s](const std::array<double, 5>& D) {
-      return Math::polynomial(std::array<double, 5>{0, 2 * D[1], 6 * D[2], 12 * D[3], 20 * D[4]},
-                              s.w) *
-             s.w2;
+      return horner(std::array<double, 5>{0, 2 * D[1], 6 * D[2], 12 * D[3], 20 * D[4]}, s.w) * s.w2;
     };
     sum = sum + s.y3 * (curvature(D3) + s.y * curvature(D4)) + s.y * s.y31 * subregion3::R0d[1];
   }

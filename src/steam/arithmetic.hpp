@@ -33,17 +33,18 @@ struct SharedDivisions : formulation::Elementary {
     constexpr auto size = std::tuple_size_v<Table>;
     if constexpr (size == 1) {
       return c[0];
+    } else {
+      constexpr auto last_even = (size - 1) / 2 * 2, last_odd = size / 2 * 2 - 1;
+      const double x2 = x * x;
+      double even = c[last_even], odd = c[last_odd];
+      for (auto i = last_even; i >= 2; i -= 2) {
+        even = even * x2 + c[i - 2];
+      }
+      for (auto i = last_odd; i >= 3; i -= 2) {
+        odd = odd * x2 + c[i - 2];
+      }
+      return odd * x + even;
     }
-    constexpr auto last_even = (size - 1) / 2 * 2, last_odd = size / 2 * 2 - 1;
-    const double x2 = x * x;
-    double even = c[last_even], odd = c[last_odd];
-    for (auto i = last_even; i >= 2; i -= 2) {
-      even = even * x2 + c[i - 2];
-    }
-    for (auto i = last_odd; i >= 3; i -= 2) {
-      odd = odd * x2 + c[i - 2];
-    }
-    return odd * x + even;
   }
   template <std::size_t N>
   static double polynomial(const formulation::Centred<N>& c, double x) {

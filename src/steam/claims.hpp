@@ -12,6 +12,10 @@ namespace steam {
 constexpr double boundary_slack_t = 1e-9;  // K
 constexpr double boundary_slack_x = 2e-13;
 
+/// How far above 350 °C a state may share its pair with one below, K, where a pressure or a
+/// temperature or a quality is given.
+constexpr double overlap_350 = 0.5;
+
 inline bool within_range(double p, double t) {
   return p >= p_lowest * (1 - limit_slack) && p <= p_highest * (1 + limit_slack) &&
          t >= t_lowest - 1e-9 && t <= t_highest + 1e-7;

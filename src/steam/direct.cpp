@@ -91,9 +91,8 @@ bool wet_values(double p, double value, Wanted wanted, Values& out) {
     return false;
   }
   const double t = saturation_temperature(p);
-  constexpr double overlap = 0.5;  // K, with the wet states up to 350 °C
   const Site site = plainly_wet<Q>(t, p, value);
-  if (!site || (t > t_350 && t < t_350 + overlap)) {
+  if (!site || (t > t_350 && t < t_350 + overlap_350)) {
     return false;
   }
   properties(site, wanted, out);

@@ -17,7 +17,7 @@ struct Overlap {
 /// With two caloric values, whose lines run nearly along each other, overlaps are wider.
 template <Pair P>
 constexpr Overlap overlap = known_of(P).first == Quantity::p || known_of(P).first == Quantity::t
-                                ? Overlap{0.5, 5e-3}
+                                ? Overlap{overlap_350, 5e-3}
                                 : Overlap{2, 0.03};
 
 bool may_overlap(const Site& site, Overlap widest) {

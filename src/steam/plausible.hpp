@@ -35,8 +35,6 @@ inline bool is_plausible_at(Region region, double p, double t) {
   return (p >= tabulated_saturation_pressure(t)) == (region == Region::water);
 }
 
-/// Whether a start lies in its region, as far as the tables know. Only the order of the attempts
-/// depends on it.
 template <Pair P>
 bool is_plausible(Region region, Variables start, double a, double b) {
   constexpr Known k = known_of(P);

@@ -27,9 +27,8 @@ inline double root_of(double t) {
 constexpr double temperature_of(double r) { return t_critical - r * r; }
 
 /// Saturated states from the table.
-/// @accuracy  1e-11 (volume of cold steam 2e-9), in the last 0.15 K below the critical temperature
-/// 1e-7,
-///            in the last 0.001 K 1e-3
+/// @accuracy  1e-11 (volume of cold steam 2e-9), in the last 0.15 K below the critical
+///            temperature 1e-7, in the last 0.001 K 1e-3
 class TabulatedSaturation {
  public:
   explicit TabulatedSaturation(double t)

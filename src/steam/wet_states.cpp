@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "steam/claims.hpp"
 #include "steam/quantity.hpp"
 #include "steam/root.hpp"
 #include "steam/wet_search.hpp"
@@ -157,7 +158,7 @@ class Scan {
   /// A state just above 350 °C may have to give way to one below.
   [[nodiscard]] bool wants_more() const {
     return states_.count < most_ || (states_.sites[states_.count - 1].t > t_350 &&
-                                     states_.sites[states_.count - 1].t < t_350 + overlap);
+                                     states_.sites[states_.count - 1].t < t_350 + overlap_350);
   }
 
   template <class Saturation>
@@ -328,7 +329,7 @@ class Scan {
     if (states_.count > 0) {
       Site& last = states_.sites[states_.count - 1];
       constexpr double same = 1e-7;
-      const bool both_sides = last.t > t_350 && t <= t_350 && last.t - t < overlap;
+      const bool both_sides = last.t > t_350 && t <= t_350 && last.t - t < overlap_350;
       if (both_sides || std::abs(last.t - t) < same) {
         last = site;
         return;
@@ -340,7 +341,6 @@ class Scan {
   }
 
   static constexpr double above_jump = t_jump + 1e-8, below_jump = t_jump - 1e-8;
-  static constexpr double overlap = 0.5;  // K: widest at 350 °C
   Target target_;
   int most_;
   WetStates& states_;
