@@ -2,7 +2,7 @@
 #include <cstdio>
 #include <vector>
 
-#include "steam/slopes.hpp"
+#include "steam/equations/slopes.hpp"
 #include "work.hpp"
 
 // How often the engine evaluates the equations for one state, as a Markdown table: the median and

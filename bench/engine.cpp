@@ -3,8 +3,8 @@
 #include <span>
 #include <string>
 
-#include "api/vek.h"
 #include "unit_costs.hpp"
+#include "vek/vek.h"
 #include "work.hpp"
 
 // Time per state of each kind of request in each region, one state at a time and in batches, and of

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <vector>
 
-#include "steam/slopes.hpp"
+#include "steam/equations/slopes.hpp"
 
 namespace {
 

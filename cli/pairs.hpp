@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "api/vek.h"
+#include "vek/vek.h"
 
 namespace command {
 

@@ -12,9 +12,9 @@
 #include <map>
 #include <vector>
 
-#include "frame/diagnostics.hpp"
+#include "classic/frame/diagnostics.hpp"
+#include "classic/regions/region.hpp"
 #include "pairs.hpp"
-#include "regions/region.hpp"
 
 namespace command {
 namespace {

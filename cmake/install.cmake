@@ -1,7 +1,7 @@
 include(CMakePackageConfigHelpers)
 
 install(TARGETS vek steam EXPORT VekTargets)
-install(FILES src/api/vek.h src/api/vek.f90 src/steam/steam.hpp
+install(FILES include/vek/vek.h include/vek/vek.f90 include/vek/steam.hpp
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vek)
 if(VEK_BUILD_CLI)
   install(TARGETS vek_command)

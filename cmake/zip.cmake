@@ -1,6 +1,6 @@
 # The archive for users on Windows: what a host needs, flat, without the rest of the installation.
-install(FILES $<TARGET_FILE:vek> $<TARGET_LINKER_FILE:vek> src/api/vek.h
-              ${CMAKE_CURRENT_BINARY_DIR}/src/vek.def
+install(FILES $<TARGET_FILE:vek> $<TARGET_LINKER_FILE:vek> include/vek/vek.h
+              ${CMAKE_CURRENT_BINARY_DIR}/src/classic/vek.def
         DESTINATION . COMPONENT zip EXCLUDE_FROM_ALL)
 install(FILES docs/windows.txt DESTINATION . RENAME README.txt COMPONENT zip EXCLUDE_FROM_ALL)
 

@@ -5,7 +5,7 @@
 #include <numbers>
 
 #include "formulation/saturation.hpp"
-#include "steam/slopes.hpp"
+#include "steam/equations/slopes.hpp"
 
 namespace {
 

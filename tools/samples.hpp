@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "steam/site.hpp"
+#include "steam/equations/site.hpp"
 
 /// States all over one region, from the equations alone.
 struct Sample {

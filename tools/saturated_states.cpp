@@ -3,12 +3,12 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <vector>
+#include <cstdlib>
 
 #include "chebyshev.hpp"
 #include "samples.hpp"
-#include "steam/saturation_line.hpp"
-#include "steam/slopes.hpp"
+#include "steam/equations/slopes.hpp"
+#include "steam/tables/tabulated_saturation.hpp"
 
 namespace {
 
@@ -43,13 +43,11 @@ SaturatedState saturated_state(double t, bool above_350) {
 
 /// A band of equal cells over the square root r of the distance from the critical temperature.
 struct Band {
-  const char* name;
-  double r_low, r_high;
-  int cells;
+  steam::Interval r;
   bool above_350;
-  [[nodiscard]] double width() const { return (r_high - r_low) / cells; }
-  [[nodiscard]] SaturatedState at(double r) const {
-    return saturated_state(steam::t_critical - r * r, above_350);
+  [[nodiscard]] double width() const { return steam::saturated_width(r); }
+  [[nodiscard]] SaturatedState at(double root) const {
+    return saturated_state(steam::t_critical - root * root, above_350);
   }
 };
 
@@ -90,18 +88,10 @@ steam::SaturatedCell saturated_cell(const Band& band, int cell) {
   const std::array<double, terms> points = chebyshev_points<terms>();
   for (std::size_t i = 0; i < terms; ++i) {
     const double z = 1 - (1 - points[i]) / 2 * (1 - low);
-    states[i] = band.at(band.r_low + (cell + (z + 1) / 2) * band.width());
+    states[i] = band.at(band.r.low + (cell + (z + 1) / 2) * band.width());
   }
   return {polynomial(states, 0, low), polynomial(states, 1, low), polynomial(states, 2, low),
           polynomial(states, 3, low)};
-}
-
-void write_polynomial(const steam::SaturatedPolynomial& c) {
-  std::printf("{{");
-  for (const auto& [liquid, vapour] : c) {
-    std::printf("{%.17g,%.17g},", liquid, vapour);
-  }
-  std::printf("}},\n");
 }
 
 /// The qualities with which a mixed quantity may turn in a cell, with some room.
@@ -129,64 +119,80 @@ Turning turning(const steam::SaturatedPolynomial& c) {
   return turning.least > 1 ? turning : Turning{turning.least - room, turning.most + room};
 }
 
-void write_sides(const Band& band, const char* quantity, std::size_t q) {
+/// With nine digits: the turning is not known to more.
+double rounded(double x) {
+  std::array<char, 40> text{};
+  std::snprintf(text.data(), text.size(), "%.9g", x);
+  return std::strtod(text.data(), nullptr);
+}
+
+void add_turning(steam::SaturatedProfile& profile, int cell, const Turning& turning) {
+  profile.least_turning[cell] = rounded(turning.least);
+  profile.most_turning[cell] = rounded(turning.most);
+}
+
+steam::SaturatedTable table_of(const Band& band) {
+  steam::SaturatedTable table{};
+  for (int i = 0; i < steam::saturated_cells; ++i) {
+    table.cells[i] = saturated_cell(band, i);
+    add_turning(table.v, i, turning(table.cells[i].v));
+    add_turning(table.s, i, turning(table.cells[i].s));
+  }
+  for (int i = 0; i <= steam::saturated_cells; ++i) {
+    const double r = i == steam::saturated_cells
+                         ? band.r.high
+                         : std::fmax(band.r.low + i * band.width(), steam::r_merging);
+    const SaturatedState state = band.at(r);
+    table.v.liquid[i] = state[0][0];
+    table.v.vapour[i] = state[0][1];
+    table.s.liquid[i] = state[2][0];
+    table.s.vapour[i] = state[2][1];
+  }
+  return table;
+}
+
+/// What a polynomial gives for liquid and for vapour.
+void add_values(Groups& all, const steam::SaturatedPolynomial& c) {
   for (std::size_t phase = 0; phase < 2; ++phase) {
-    std::printf("constexpr double %s_%s%zu[] = {", band.name, quantity, phase + 1);
-    for (int i = 0; i <= band.cells; ++i) {
-      const double r = i == band.cells ? band.r_high
-                                       : std::fmax(band.r_low + i * band.width(), steam::r_merging);
-      std::printf("%.17g,", band.at(r)[q][phase]);
+    std::array<double, terms> own{};
+    for (std::size_t k = 0; k < terms; ++k) {
+      own[k] = c[k][phase];
     }
-    std::printf("};\n");
+    auto& group = all.emplace_back();
+    for (const double place : {-1.0, -0.5, 0.0, 0.5, 1.0}) {
+      group.add(steam::SharedDivisions::polynomial(own, place));
+    }
   }
 }
 
-void write_turning(const Band& band, const char* quantity, const std::vector<Turning>& cells) {
-  std::printf("constexpr double %s_%s_least[] = {", band.name, quantity);
-  for (const Turning& cell : cells) {
-    std::printf("%.9g,", cell.least);
-  }
-  std::printf("};\nconstexpr double %s_%s_most[] = {", band.name, quantity);
-  for (const Turning& cell : cells) {
-    std::printf("%.9g,", cell.most);
-  }
-  std::printf("};\n");
-}
-
-void write_band(const Band& band) {
-  const char* name = band.name;
-  std::vector<Turning> v, s;
-  std::printf("namespace {\nconstexpr SaturatedCell %s_cells[] = {\n", name);
-  for (int i = 0; i < band.cells; ++i) {
-    const steam::SaturatedCell cell = saturated_cell(band, i);
-    std::printf("{");
-    for (const auto* polynomial : {&cell.v, &cell.h, &cell.s, &cell.u}) {
-      write_polynomial(*polynomial);
+Groups values(const std::string& bytes) {
+  const auto tables = ::table_of<steam::SaturatedTables>(bytes);
+  Groups all;
+  for (const auto* table : {&tables.above_350, &tables.to_350}) {
+    for (const steam::SaturatedCell& cell : table->cells) {
+      for (const auto* polynomial : {&cell.v, &cell.h, &cell.s, &cell.u}) {
+        add_values(all, *polynomial);
+      }
     }
-    std::printf("},\n");
-    v.push_back(turning(cell.v));
-    s.push_back(turning(cell.s));
+    for (const auto* profile : {&table->v, &table->s}) {
+      for (int i = 0; i <= steam::saturated_cells; ++i) {
+        all.emplace_back().add(profile->liquid[i]);
+        all.emplace_back().add(profile->vapour[i]);
+      }
+      for (int i = 0; i < steam::saturated_cells; ++i) {
+        all.emplace_back().add(profile->least_turning[i]);
+        all.emplace_back().add(profile->most_turning[i]);
+      }
+    }
   }
-  std::printf("};\n");
-  write_sides(band, "v", 0);
-  write_turning(band, "v", v);
-  write_sides(band, "s", 2);
-  write_turning(band, "s", s);
-  std::printf("}  // namespace\nconst SaturatedBand %s{%.17g, %.17g, %d, %s_cells,", name,
-              band.r_low, 1 / band.width(), band.cells, name);
-  for (const char* quantity : {"v", "s"}) {
-    std::printf(" {%s_%s1, %s_%s2, %s_%s_least, %s_%s_most},", name, quantity, name, quantity, name,
-                quantity, name, quantity);
-  }
-  std::printf("};\n\n");
+  return all;
 }
 
 }  // namespace
 
-void write_saturated_states() {
-  const double r_350 = std::sqrt(steam::t_critical - steam::t_350);
-  const double r_lowest = std::sqrt(steam::t_critical - steam::t_lowest);
-  constexpr int cells = 48;
-  write_band({"saturated_above_350", 0, r_350, cells, true});
-  write_band({"saturated_to_350", r_350, r_lowest, cells, false});
+TableFile saturated_states_file() {
+  const steam::SaturatedTables tables{table_of(Band{{0, steam::r_350}, true}),
+                                      table_of(Band{{steam::r_350, steam::r_lowest}, false})};
+  // Towards the critical point volumes hang on the last digit of the pressure by its root.
+  return {"saturated_states", bytes_of(tables), 0, values, 1e-9};
 }

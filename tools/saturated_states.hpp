@@ -1,4 +1,6 @@
 #pragma once
 
-/// Prints the bands of the table of saturated states.
-void write_saturated_states();
+#include "table_file.hpp"
+
+/// The table of saturated states: `steam::SaturatedTables`.
+TableFile saturated_states_file();

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "formulation/centred.hpp"
 #include "formulation/elementary.hpp"
 #include "formulation/reduced.hpp"
 
@@ -32,6 +33,30 @@ constexpr std::array<double, 13> a{0,
                                    2.040e-1};
 /// A reduced temperature amid those of water, which are 0.42 to 0.96.
 constexpr double centre = 0.69;
+
+// Of the terms in A0 … A10.
+
+/// A0 θ - Σ (v - 2) A_v θ^(v-1), v = 1 … 10.
+constexpr Centred<10> h_polynomial{
+    {A[1], A[0], -A[3], -2 * A[4], -3 * A[5], -4 * A[6], -5 * A[7], -6 * A[8], -7 * A[9],
+     -8 * A[10]},
+    centre,
+    {11.490611524460116, 39.779588737043, 1.6568202941150214, 17.68969848723054,
+     -12.571873708171887, 146.90911879344964, -221.39635618858523, -696.9967394016035,
+     948.3040738399899, 16138.168904}};
+/// -Σ (v - 1) A_v θ^(v-2), v = 2 … 10.
+constexpr Centred<9> s_polynomial{
+    {-A[2], -2 * A[3], -3 * A[4], -4 * A[5], -5 * A[6], -6 * A[7], -7 * A[8], -8 * A[9],
+     -9 * A[10]},
+    centre,
+    {2551.983316796854, -9833.200220670886, 7127.908595115504, -6861.230963656298,
+     7439.639636281735, -8412.75737714727, 9839.470712223661, -13233.085186160002, 18155.440017}};
+/// -Σ (v - 1)(v - 2) A_v θ^(v-3), v = 3 … 10.
+constexpr Centred<8> cp_polynomial{
+    {-2 * A[3], -6 * A[4], -12 * A[5], -20 * A[6], -30 * A[7], -42 * A[8], -56 * A[9], -72 * A[10]},
+    centre,
+    {-9833.200220671008, 14255.817190230402, -20583.692890970207, 29758.55854512532,
+     -42063.786885737485, 59036.82427334162, -92631.59630312005, 145243.520136}};
 }  // namespace subregion1
 
 /// The sub-expressions that the properties of subregion 1 share. What is named under_… stands under
@@ -56,6 +81,13 @@ struct Terms1 {
   Num dY;          // ∂Y/∂θ
   Num Z_m5_17;     // Z^(-5/17)
 };
+
+/// The root in Z, from β, θ and Y.
+template <class Math>
+[[gnu::always_inline]] inline auto root_in_Z(const Terms1<Math>& s) {
+  using subregion1::a;
+  return Math::sqrt((a[5] * s.beta - a[4] * s.theta) * 2 + a[3] * s.Y * s.Y);
+}
 
 /// @param p  pressure, bar
 /// @param t  temperature, °C
@@ -104,7 +136,7 @@ template <class Math>
   s.under_e4 = s.under_e * s.under_e3;
   s.e = 1 / s.under_e3 + a[11] * s.beta;
   s.Y = 1 - a[1] * s.theta2 - a[2] / s.under_theta6;
-  s.root = Math::sqrt((a[5] * s.beta - a[4] * s.theta) * 2 + a[3] * s.Y * s.Y);
+  s.root = root_in_Z(s);
   s.Z = s.Y + s.root;
   s.dY = a[2] * 6 / s.under_theta7 - s.theta * 2 * a[1];
   s.Z_m5_17 = Math::power_m5_17(s.Z);
@@ -129,12 +161,8 @@ template <class Math>
 [[gnu::always_inline]] inline auto enthalpy(const Terms1<Math>& s) {
   using subregion1::A, subregion1::a;
   using Divisor = typename Math::Divisor;
-  // A0 θ - Σ (v - 2) A_v θ^(v-1), v = 1 … 10
-  constexpr Centred<10> polynomial({A[1], A[0], -A[3], -2 * A[4], -3 * A[5], -4 * A[6], -5 * A[7],
-                                    -6 * A[8], -7 * A[9], -8 * A[10]},
-                                   subregion1::centre);
   const auto epsilon =
-      Math::polynomial(polynomial, s.theta) +
+      Math::polynomial(subregion1::h_polynomial, s.theta) +
       A[11] *
           (s.Z * (17 * (s.Z / Divisor(29) - s.Y / Divisor(12)) + 5 * s.theta * s.dY / Divisor(12)) +
            a[4] * s.theta - (a[3] - 1) * s.theta * s.Y * s.dY) *
@@ -153,12 +181,8 @@ template <class Math>
 [[gnu::always_inline]] inline auto entropy(const Terms1<Math>& s) {
   using subregion1::A, subregion1::a;
   using Divisor = typename Math::Divisor;
-  // -Σ (v - 1) A_v θ^(v-2), v = 2 … 10
-  constexpr Centred<9> polynomial({-A[2], -2 * A[3], -3 * A[4], -4 * A[5], -5 * A[6], -6 * A[7],
-                                   -7 * A[8], -8 * A[9], -9 * A[10]},
-                                  subregion1::centre);
   const auto sigma =
-      A[0] * Math::log(s.theta) + Math::polynomial(polynomial, s.theta) +
+      A[0] * Math::log(s.theta) + Math::polynomial(subregion1::s_polynomial, s.theta) +
       A[11] * ((5 * s.Z / Divisor(12) - (a[3] - 1) * s.Y) * s.dY + a[4]) * s.Z_m5_17 +
       (10 * A[15] * s.d9 + 19 * A[16] * s.theta18 / s.under_f2 - A[13] - 2 * A[14] * s.theta) *
           s.beta -
@@ -172,10 +196,6 @@ template <class Math>
 [[gnu::always_inline]] inline auto heat_capacity(const Terms1<Math>& s) {
   using subregion1::A, subregion1::a;
   using Divisor = typename Math::Divisor;
-  // -Σ (v - 1)(v - 2) A_v θ^(v-3), v = 3 … 10
-  constexpr Centred<8> polynomial({-2 * A[3], -6 * A[4], -12 * A[5], -20 * A[6], -30 * A[7],
-                                   -42 * A[8], -56 * A[9], -72 * A[10]},
-                                  subregion1::centre);
   const auto ddY = -2 * a[1] - 42 * a[2] / (s.under_theta2 * s.under_theta6);
   const auto dZ = s.dY + (a[3] * s.Y * s.dY - a[4]) / Divisor(s.root);
   // σ of the A11 term is U · Z^(-5/17)
@@ -183,7 +203,7 @@ template <class Math>
   const auto dU = (5 * dZ / Divisor(12) - (a[3] - 1) * s.dY) * s.dY +
                   (5 * s.Z / Divisor(12) - (a[3] - 1) * s.Y) * ddY;
   const auto dsigma =
-      A[0] / s.under_theta + Math::polynomial(polynomial, s.theta) +
+      A[0] / s.under_theta + Math::polynomial(subregion1::cp_polynomial, s.theta) +
       A[11] * (dU - 5 * U * dZ / (Divisor(17) * Divisor(s.Z))) * s.Z_m5_17 +
       (19 * A[16] * s.theta17 * (18 * a[7] - 20 * s.theta19) / (s.under_f * s.under_f2) -
        2 * A[14] - 90 * A[15] * s.d8) *

@@ -11,39 +11,54 @@ namespace formulation {
 
 namespace subregion2 {
 
+/// With shorter chains of products than those of the published terms.
+template <class Num>
+[[gnu::always_inline]] inline PowersOfX<Num> powers(Num of_X) {
+  PowersOfX<Num> X;
+  X[1] = of_X;
+  X[2] = X[1] * X[1], X[3] = X[1] * X[2], X[4] = X[2] * X[2], X[6] = X[3] * X[3];
+  X[8] = X[4] * X[4], X[10] = X[4] * X[6], X[11] = X[3] * X[8], X[12] = X[6] * X[6];
+  X[13] = X[3] * X[10], X[14] = X[6] * X[8], X[18] = X[8] * X[10], X[19] = X[8] * X[11];
+  X[24] = X[12] * X[12], X[25] = X[11] * X[14], X[27] = X[13] * X[14];
+  X[28] = X[14] * X[14], X[32] = X[14] * X[18], X[54] = X[27] * X[27];
+  return X;
+}
+
 /// Σ M, Σ z M and Σ z² M over terms M ∝ X^z.
 template <class Num>
 struct Moments {
   Num m0, m1, m2;
 };
 
-/// One term B X^z.
-template <class Num>
-struct Monomial {
-  double z;
-  Num value;
-};
-
-template <class Num, class... More>
-[[gnu::always_inline]] inline Moments<Num> moments(Monomial<Num> first, More... more) {
-  return {(first.value + ... + more.value), ((first.z * first.value) + ... + (more.z * more.value)),
-          ((first.z * first.z * first.value) + ... + (more.z * more.z * more.value))};
+/// Of the terms B X^z.
+template <class Num, class... Terms>
+[[gnu::always_inline]] inline Moments<Num> moments(const PowersOfX<Num>& X, Terms... of) {
+  return {(... + (of.B * X[of.z])), (... + (of.z * (of.B * X[of.z]))),
+          (... + (of.z * of.z * (of.B * X[of.z])))};
 }
 
 /// A fraction N / (β⁻ⁿ + q): its moments, and those of its β-derivative times β / n, of which the
 /// second is not needed.
 template <class Num>
-struct Fraction {
+struct FractionMoments {
   Moments<Num> value;
   Num over_beta0, over_beta1;
   Num share;  // β⁻ⁿ / (β⁻ⁿ + q)
 };
 
-/// @param N       numerator
-/// @param q       sum of powers of X in the denominator
-/// @param beta_n  βⁿ
-template <class Math, class Num = typename Math::Number>
-[[gnu::always_inline]] inline Fraction<Num> fraction(Moments<Num> N, Moments<Num> q, Num beta_n) {
+/// @param beta  β⁰ … β⁶
+template <int i, class Math, class Num = typename Math::Number>
+[[gnu::always_inline]] inline FractionMoments<Num> moments(const PowersOfX<Num>& X,
+                                                           const std::array<Num, 7>& beta) {
+  constexpr Fraction f = fractions[i];
+  const auto N = moments(X, f.N1, f.N2);
+  Moments<Num> q;
+  if constexpr (f.b2 == 0) {
+    q = moments(X, Power{f.y, f.b1});
+  } else {
+    q = moments(X, Power{2 * f.y, f.b2}, Power{f.y, f.b1});
+  }
+  const Num beta_n = beta[f.n];
   const Num share = 1 / typename Math::Divisor(1 + beta_n * q.m0);
   const Num factor = beta_n * share;
   const Num d = factor * q.m1;  // X ∂/∂X of the denominator's logarithm
@@ -55,7 +70,10 @@ template <class Math, class Num = typename Math::Number>
 }
 
 /// Σ B9v X^v. It matters next to the boundary line, where X is 0.77 to 1.03.
-constexpr Centred<7> S(B9, 0.9);
+constexpr Centred<7> S{B9,
+                       0.9,
+                       {5.1410124061401774e-05, 0.01300798866067815, 0.03649551544737953,
+                        -3.0070867660020624, -11.515461555000474, 134.1996914200001, 523.5718623}};
 
 }  // namespace subregion2
 
@@ -82,58 +100,51 @@ template <class Math>
   using namespace subregion2;
   using Num = typename Math::Number;
   using Divisor = typename Math::Divisor;
-  using M = Monomial<Num>;
   Moments2<Math> s;
-  const Num beta = p / Divisor(reducing_pressure);
   const Num theta = reduced_temperature<Divisor>(t);
-  const Num X = Math::exp((1 - theta) * b);
-  const Num X2 = X * X, X3 = X * X2, X4 = X2 * X2, X6 = X3 * X3, X8 = X4 * X4;
-  const Num X10 = X4 * X6, X11 = X3 * X8, X12 = X6 * X6, X13 = X3 * X10, X14 = X6 * X8;
-  const Num X18 = X8 * X10, X19 = X8 * X11, X24 = X12 * X12, X25 = X11 * X14, X27 = X13 * X14;
-  const Num X28 = X14 * X14, X32 = X14 * X18, X54 = X27 * X27;
-  const Num beta2 = beta * beta, beta3 = beta * beta2, beta4 = beta2 * beta2;
-  const Num beta5 = beta2 * beta3, beta6 = beta3 * beta3;
-  const auto g1 = moments(M{13, B11 * X13}, M{3, B12 * X3});
-  const auto g2 = moments(M{18, B21 * X18}, M{2, B22 * X2}, M{1, B23 * X});
-  const auto g3 = moments(M{18, B31 * X18}, M{10, B32 * X10});
-  const auto g4 = moments(M{25, B41 * X25}, M{14, B42 * X14});
-  const auto g5 = moments(M{32, B51 * X32}, M{28, B52 * X28}, M{24, B53 * X24});
-  const auto f6 = fraction<Math>(moments(M{12, B61 * X12}, M{11, B62 * X11}),
-                                 moments(M{14, b61 * X14}, M{0, Num(0)}), beta4);
-  const auto f7 = fraction<Math>(moments(M{24, B71 * X24}, M{18, B72 * X18}),
-                                 moments(M{19, b71 * X19}, M{0, Num(0)}), beta5);
-  const auto f8 = fraction<Math>(moments(M{24, B81 * X24}, M{14, B82 * X14}),
-                                 moments(M{54, b81 * X54}, M{27, b82 * X27}), beta6);
-  s.beta = beta;
+  const auto X = powers(Math::exp((1 - theta) * b));
+  std::array<Num, 7> beta;
+  beta[1] = p / Divisor(reducing_pressure);
+  beta[2] = beta[1] * beta[1], beta[3] = beta[1] * beta[2];
+  beta[4] = beta[2] * beta[2], beta[5] = beta[2] * beta[3], beta[6] = beta[3] * beta[3];
+  std::array<Moments<Num>, groups + 1> g;
+  each_group([&](auto n, auto... of) __attribute__((always_inline)) { g[n] = moments(X, of...); });
+  const auto f6 = moments<0, Math>(X, beta);
+  const auto f7 = moments<1, Math>(X, beta);
+  const auto f8 = moments<2, Math>(X, beta);
+  s.beta = beta[1];
   s.theta = theta;
-  s.one_over_beta = 1 / Divisor(beta);
-  const auto total = [&](Num c1, Num c2, Num c3, Num c4, Num c5) __attribute__((always_inline)) {
-    return (beta * c1 + beta2 * c2) + (beta3 * c3 + beta4 * c4) + beta5 * c5;
+  s.one_over_beta = 1 / Divisor(beta[1]);
+  // Σ weight(n) βⁿ times one of the moments
+  const auto total = [&](Num Moments<Num>::*m, auto weight) __attribute__((always_inline)) {
+    const auto c = [&](unsigned n) __attribute__((always_inline)) { return weight(n) * (g[n].*m); };
+    return (beta[1] * c(1) + beta[2] * c(2)) + (beta[3] * c(3) + beta[4] * c(4)) + beta[5] * c(5);
   };
-  s.T0 = total(g1.m0, g2.m0, g3.m0, g4.m0, g5.m0) + (f6.value.m0 + f7.value.m0 + f8.value.m0);
-  s.T1 = total(g1.m1, g2.m1, g3.m1, g4.m1, g5.m1) + (f6.value.m1 + f7.value.m1 + f8.value.m1);
-  s.T2 = total(g1.m2, g2.m2, g3.m2, g4.m2, g5.m2) + (f6.value.m2 + f7.value.m2 + f8.value.m2);
-  s.U0 = total(g1.m0, 2 * g2.m0, 3 * g3.m0, 4 * g4.m0, 5 * g5.m0) +
-         (4 * f6.over_beta0 + 5 * f7.over_beta0 + 6 * f8.over_beta0);
-  s.U1 = total(g1.m1, 2 * g2.m1, 3 * g3.m1, 4 * g4.m1, 5 * g5.m1) +
-         (4 * f6.over_beta1 + 5 * f7.over_beta1 + 6 * f8.over_beta1);
-  s.W0 = total(Num(0), 2 * g2.m0, 6 * g3.m0, 12 * g4.m0, 20 * g5.m0) -
+  constexpr auto m0 = &Moments<Num>::m0, m1 = &Moments<Num>::m1, m2 = &Moments<Num>::m2;
+  constexpr auto once = [](unsigned) { return 1; };
+  constexpr auto by_n = [](unsigned n) { return n; };
+  s.T0 = total(m0, once) + (f6.value.m0 + f7.value.m0 + f8.value.m0);
+  s.T1 = total(m1, once) + (f6.value.m1 + f7.value.m1 + f8.value.m1);
+  s.T2 = total(m2, once) + (f6.value.m2 + f7.value.m2 + f8.value.m2);
+  s.U0 = total(m0, by_n) + (4 * f6.over_beta0 + 5 * f7.over_beta0 + 6 * f8.over_beta0);
+  s.U1 = total(m1, by_n) + (4 * f6.over_beta1 + 5 * f7.over_beta1 + 6 * f8.over_beta1);
+  s.W0 = total(m0, [](unsigned n) { return n * (n - 1); }) -
          (4 * f6.over_beta0 * (5 - 8 * f6.share) + 5 * f7.over_beta0 * (6 - 10 * f7.share) +
           6 * f8.over_beta0 * (7 - 12 * f8.share));
-  const Divisor under_beta_L((L2 * theta + L1) * theta + L0);
-  const Num r = beta / under_beta_L;
+  const Divisor under_beta_L(boundary_line(theta));
+  const Num r = beta[1] / under_beta_L;
   const Num r2 = r * r, r4 = r2 * r2;
-  s.R = beta * (r4 * r4 * r2);
-  s.dL = (two_L2 * theta + L1) * 10 / under_beta_L;
-  s.ddL = 10 * two_L2 / under_beta_L;
+  s.R = beta[1] * (r4 * r4 * r2);
+  s.dL = boundary_line.slope(theta) * 10 / under_beta_L;
+  s.ddL = 10 * boundary_line.curvature() / under_beta_L;
   constexpr auto& c = S.around;
   constexpr std::array<double, 6> slope{c[1], 2 * c[2], 3 * c[3], 4 * c[4], 5 * c[5], 6 * c[6]};
   constexpr std::array<double, 5> curvature{2 * c[2], 6 * c[3], 12 * c[4], 20 * c[5], 30 * c[6]};
-  const Num z = X - S.centre;
+  const Num z = X[1] - S.centre;
   const Num S_slope = Math::polynomial(slope, z);
-  s.S0 = Math::polynomial(S, X);
-  s.S1 = X * S_slope;
-  s.S2 = X * (S_slope + X * Math::polynomial(curvature, z));
+  s.S0 = Math::polynomial(S, X[1]);
+  s.S1 = X[1] * S_slope;
+  s.S2 = X[1] * (S_slope + X[1] * Math::polynomial(curvature, z));
   return s;
 }
 

@@ -4,6 +4,7 @@
 
 #include "formulation/elementary.hpp"
 #include "formulation/reduced.hpp"
+#include "formulation/subregion3_conditional.hpp"
 
 namespace formulation {
 
@@ -32,11 +33,6 @@ constexpr std::array<double, 5> C6{5.528935335e-2, -2.336365955e-1, 3.69707142e-
 constexpr std::array<double, 9> C7{-2.571600553e2, -1.518783715e2, 2.220723208e1,
                                    -1.802039570e2, 2.357096220e3,  -1.462335698e4,
                                    4.542916630e4,  -7.053556432e4, 4.381571428e4};
-constexpr std::array<double, 5> D3{-1.717616747, 3.526389875, -2.690899373, 9.070982605e-1,
-                                   -1.138791156e-1};
-constexpr std::array<double, 5> D4{1.301023613, -2.642777743, 1.996765362, -6.661557013e-1,
-                                   8.270860589e-2};
-constexpr std::array<double, 3> D5{3.426663535e-4, -1.236521258e-3, 1.155018309e-3};
 
 // Products (v - 1) C_v of the pressure, stored with their own decimal digits: coefficients of
 // w⁰, w¹, … in P(w), where ∂/∂χ of a group is C_1 - P(w) w² + C_last w.
@@ -50,27 +46,15 @@ constexpr std::array<double, 6> P_B{43.1430538, -28.3238626, 12.12517377,
 constexpr std::array<double, 8> P_C{80.8859747, -167.230676, 107.5909551, 30.07583816,
                                     -63.08032,  6.58304772,  14.85018444, -4.372236528};
 constexpr double five_C41 = -0.002545369925;
-constexpr std::array<double, 4> P0d{3.526389875, -5.381798746, 2.7212947815, -0.4555164624};
-constexpr std::array<double, 4> Q0d{-2.642777743, 3.993530724, -1.9984671039, 0.33083442356};
-constexpr std::array<double, 2> R0d{-0.001236521258, 0.002310036618};
-
-/// 1 - θ at 350 °C.
-constexpr double one_minus_theta_350 = 1 - (350 + celsius_offset) / reducing_temperature;
 }  // namespace subregion3
 
 /// The sub-expressions that the properties of subregion 3 share.
 template <class Math>
-struct Terms3 {
+struct Terms3 : Conditional3<Math> {
   using Num = typename Math::Number;
-  Num chi, theta;  // reduced volume and temperature
-  Num tau;         // θ - 1
-  Num y, y2, y3;   // (1 - θ) / (1 - θ350): 1 at 350 °C, 0 at the critical temperature
-  Num y30, y31;    // 0 below y = 0.01
+  Num tau;  // θ - 1
   Num log_theta, log_chi;
-  Num w, w2, w5, w6;  // w = 1/χ
-  Num P0, P0d;        // Σ D3v w^v, and w² times its w-derivative
-  Num Q0, Q0d;        // Σ D4v w^v, likewise
-  Num R0, R0d;        // Σ D5v χ^v, and its χ-derivative
+  Num w5, w6;
   Num one_over_theta, theta_m22, theta_m23;
   Num chi5_theta2, chi6_theta2;  // χ⁵/θ² and χ⁶/θ²
 };
@@ -81,49 +65,18 @@ template <class Math>
 Terms3<Math> terms3(typename Math::Number v, typename Math::Number t) {
   using namespace subregion3;
   Terms3<Math> s;
-  s.chi = v / reducing_volume;
-  s.theta = reduced_temperature(t);
+  static_cast<Conditional3<Math>&>(s) = conditional3<Math>(v, t);
   s.tau = s.theta - 1;
-  s.y = (1 - s.theta) / one_minus_theta_350;
-  s.y2 = s.y * s.y;
-  s.y3 = s.y * s.y2;
-  s.y30 = 0.0;
-  s.y31 = 0.0;
-  if (s.y >= 0.01) {
-    s.y30 = Math::template whole_power<30>(s.y);
-    s.y31 = s.y * s.y30;
-  }
   s.log_theta = Math::log(s.theta);
-  s.w = reducing_volume / v;
-  s.w2 = s.w * s.w;
   s.w5 = s.w2 * s.w2 * s.w;
   s.w6 = s.w5 * s.w;
   s.log_chi = Math::log(s.chi);
-  s.P0 = horner(D3, s.w);
-  s.P0d = horner(subregion3::P0d, s.w) * s.w2;
-  s.Q0 = horner(D4, s.w);
-  s.Q0d = horner(subregion3::Q0d, s.w) * s.w2;
-  s.R0 = horner(D5, s.chi);
-  s.R0d = horner(subregion3::R0d, s.chi);
   s.one_over_theta = 1 / s.theta;
   s.theta_m22 = Math::template whole_power<22>(s.one_over_theta);
   s.theta_m23 = s.theta_m22 * s.one_over_theta;
   s.chi5_theta2 = Math::template whole_power<5>(s.chi) / (s.theta * s.theta);
   s.chi6_theta2 = s.chi * s.chi5_theta2;
   return s;
-}
-
-/// Whether the group of terms in D3, D4 and D5 stands only in the liquid below the critical
-/// temperature; elsewhere the properties leave it out, and their variants named X put it back.
-template <class Math>
-bool leaves_conditional_out(const Terms3<Math>& s) {
-  return s.theta >= 1 || s.chi >= 1;
-}
-
-/// The conditional group's share of the reduced pressure, whether left out or not.
-template <class Math>
-auto conditional_pressure(const Terms3<Math>& s) {
-  return (s.y * s.Q0d + s.P0d) * s.y3 - s.y * s.y31 * s.R0d;
 }
 
 /// ∂/∂χ of one of the groups C0 … C3.
@@ -174,14 +127,6 @@ auto group_curvature(const Group& C, const Terms3<Math>& s) {
   return (group_sum(C, s, [](double v) { return v * (v - 1); }) - C.back()) * s.w2;
 }
 
-/// The conditional group's share of the reduced enthalpy, whether left out or not.
-template <class Math>
-auto conditional_enthalpy(const Terms3<Math>& s) {
-  const auto theta_y = s.theta / subregion3::one_minus_theta_350;  // -θ ∂y/∂θ
-  return s.y2 * (s.P0 * (s.y + 3 * theta_y) + s.y * s.Q0 * (s.y + 4 * theta_y)) +
-         s.y31 * s.R0 * (s.y + 32 * theta_y) + s.chi * conditional_pressure(s);
-}
-
 /// Enthalpy, kJ/kg: ψ3 - θ ∂ψ3/∂θ - χ ∂ψ3/∂χ.
 template <class Math>
 auto enthalpy(const Terms3<Math>& s) {
@@ -224,7 +169,7 @@ auto entropy(const Terms3<Math>& s) {
                s.chi6_theta2 * s.one_over_theta * horner(weighted_C6, s.one_over_theta) -
                horner(weighted_C7, s.tau);
   if (!leaves_conditional_out(s)) {
-    sigma = sigma + (s.y2 * (3 * s.P0 + 4 * s.y * s.Q0) + 32 * s.y31 * s.R0) / one_minus_theta_350;
+    sigma = sigma + conditional_entropy(s);
   }
   return (sigma - entropy_origin) * entropy_scale;
 }
@@ -243,8 +188,7 @@ auto psi_theta_theta(const Terms3<Math>& s) {
       (C40 + C41 * s.w5) * (506 * s.theta - 552) * s.theta_m23 * theta_m2 + C50 * s.one_over_theta +
       s.chi6_theta2 * theta_m2 * horner(weighted_C6, s.one_over_theta) + horner(weighted_C7, s.tau);
   if (!leaves_conditional_out(s)) {
-    sum = sum + (6 * s.y * (s.P0 + 2 * s.y * s.Q0) + 992 * s.y30 * s.R0) /
-                    (one_minus_theta_350 * one_minus_theta_350);
+    sum = sum + conditional_theta_theta(s);
   }
   return sum;
 }
@@ -260,7 +204,7 @@ auto psi_chi_theta(const Terms3<Math>& s) {
              five_C41 * s.w6 * (23 - 22 * s.theta) * s.theta_m23 * s.one_over_theta -
              6 * s.chi5_theta2 * s.one_over_theta * horner(weighted_C6, s.one_over_theta);
   if (!leaves_conditional_out(s)) {
-    sum = sum + (s.y2 * (3 * s.P0d + 4 * s.y * s.Q0d) - 32 * s.y31 * s.R0d) / one_minus_theta_350;
+    sum = sum + conditional_chi_theta(s);
   }
   return sum;
 }
@@ -275,11 +219,7 @@ auto psi_chi_chi(const Terms3<Math>& s) {
              30 * C41 * s.w6 * s.w * s.theta_m23 * s.tau +
              30 * s.chi5_theta2 * s.w * horner(C6, s.one_over_theta);
   if (!leaves_conditional_out(s)) {
-    // w³ (w P'' + 2 P') of the sums P = Σ D_v w^v: Σ v (v + 1) D_v w^v, times w²
-    const auto curvature = [&s](const std::array<double, 5>& D) {
-      return horner(std::array<double, 5>{0, 2 * D[1], 6 * D[2], 12 * D[3], 20 * D[4]}, s.w) * s.w2;
-    };
-    sum = sum + s.y3 * (curvature(D3) + s.y * curvature(D4)) + s.y * s.y31 * subregion3::R0d[1];
+    sum = with_conditional_chi_chi<Math>(sum, s);
   }
   return sum;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "formulation/subregion3.hpp"
+#include "formulation/unrolled.hpp"
 
 namespace formulation {
 
@@ -11,10 +12,13 @@ namespace formulation {
 
 namespace subregion3 {
 
-/// Coefficient v of a group, or 0 beyond the last; the last of all belongs to ln χ.
+/// An index for the last coefficient of a group, which belongs to ln χ.
+constexpr std::size_t of_log = 99;
+
+/// Coefficient v of a group, or 0 beyond those of powers.
 template <class Group>
 constexpr double coefficient(const Group& C, std::size_t v) {
-  return v + 1 < C.size() ? C[v] : 0;
+  return v == of_log ? C.back() : v + 1 < C.size() ? C[v] : 0;
 }
 
 /// A coefficient at one temperature, with its first two θ-derivatives.
@@ -32,10 +36,14 @@ struct OverTheta {
   }
 };
 
-/// C0 + C1 τ + C2 τ² + C3 τ³ for some coefficients of the groups.
-template <class Num>
-[[gnu::always_inline]] inline OverTheta<Num> grouped(double c0, double c1, double c2, double c3,
-                                                     Num tau) {
+/// C0 + C1 τ + C2 τ² + C3 τ³ for coefficient v of the groups; the longest of them is C0.
+template <std::size_t v, class Num>
+[[gnu::always_inline]] inline OverTheta<Num> grouped(Num tau) {
+  constexpr double c0 = coefficient(C0, v), c1 = coefficient(C1, v), c2 = coefficient(C2, v);
+  constexpr double c3 = coefficient(C3, v);
+  if constexpr (c1 == 0 && c2 == 0 && c3 == 0) {
+    return {Num(0) + c0, Num(0), Num(0)};
+  }
   return {((c3 * tau + c2) * tau + c1) * tau + c0, (3 * c3 * tau + 2 * c2) * tau + c1,
           6 * c3 * tau + 2 * c2};
 }
@@ -43,6 +51,21 @@ template <class Num>
 /// A reciprocal reduced temperature amid those of the vapour next to the boundary line, where χ⁶
 /// weighs most.
 constexpr double C6_centre = 0.95;
+
+/// Σ C6v x^v of the reciprocal temperature x, with the factors of χ⁶ x² and of its θ-derivatives,
+/// which are χ⁶ x³ and χ⁶ x⁴.
+constexpr Centred<5> C6_0{C6,
+                          C6_centre,
+                          {3.07397198340935e-07, -3.2700916649209854e-06, -0.0005303551960499101,
+                           -0.00017424050599996847, 0.06828087013}};
+constexpr Centred<5> C6_1{{-2 * C6[0], -3 * C6[1], -4 * C6[2], -5 * C6[3], -6 * C6[4]},
+                          C6_centre,
+                          {2.4917926850458178e-06, 0.0010174851474896475, 0.0026180062262995503,
+                           -0.2585961039640002, -0.40968522078}};
+constexpr Centred<5> C6_2{{6 * C6[0], 12 * C6[1], 20 * C6[2], 30 * C6[3], 42 * C6[4]},
+                          C6_centre,
+                          {-0.0009740862681700399, -0.009044152419926914, 0.7239088651659034,
+                           3.108380462748001, 2.86779654546}};
 
 /// (τ + 1) times the τ-derivative of Σ C7v τ^(v+1), less that sum, in powers of τ.
 constexpr auto C7_h = [] {
@@ -76,10 +99,9 @@ struct Series3 {
   }
 };
 
-/// With the conditional group or without.
+/// Without the conditional group. A caller that takes no θ-derivatives has none computed.
 template <class Math>
-[[gnu::always_inline]] inline Series3<Math> series3(typename Math::Number theta,
-                                                    bool is_liquid_below_critical) {
+[[gnu::always_inline]] inline Series3<Math> series3(typename Math::Number theta) {
   using namespace subregion3;
   using Num = typename Math::Number;
   using Divisor = typename Math::Divisor;
@@ -87,38 +109,36 @@ template <class Math>
   const Num x = 1 / Divisor(theta), x2 = x * x;
   const Num x23 = Math::template whole_power<23>(x);
   Series3<Math> s;
-  for (std::size_t i = 0; i < s.w.size(); ++i) {
-    s.w[i] = grouped(coefficient(C0, i + 2), coefficient(C1, i + 2), coefficient(C2, i + 2),
-                     coefficient(C3, i + 2), tau);
-  }
-  s.chi = grouped(C0[1], C1[1], C2[1], C3[1], tau);
-  s.log_chi = grouped(C0.back(), C1.back(), C2.back(), C3.back(), tau);
+  unrolled<10>([&](auto i) __attribute__((always_inline)) { s.w[i] = grouped<i + 2>(tau); });
+  s.chi = grouped<1>(tau);
+  s.log_chi = grouped<of_log>(tau);
   const OverTheta<Num> of_C4{tau * x23, (23 - 22 * theta) * x23 * x,
                              (506 * theta - 552) * x23 * x2};
   s.w[4] += C41 * of_C4;
   s.one = C40 * of_C4;
   s.one.value += C0[0];
-  constexpr Centred<5> C6_0(C6, C6_centre);
-  constexpr Centred<5> C6_1({-2 * C6[0], -3 * C6[1], -4 * C6[2], -5 * C6[3], -6 * C6[4]},
-                            C6_centre);
-  constexpr Centred<5> C6_2({6 * C6[0], 12 * C6[1], 20 * C6[2], 30 * C6[3], 42 * C6[4]}, C6_centre);
   s.chi6 = {Math::polynomial(C6_0, x) * x2, Math::polynomial(C6_1, x) * x2 * x,
             Math::polynomial(C6_2, x) * x2 * x2};
   s.R = {Num(0), Num(0), Num(0)};
-  if (is_liquid_below_critical) {
-    constexpr double dy = -1 / one_minus_theta_350;
-    const Num y = tau * dy, y2 = y * y, y30 = Math::template whole_power<15>(y2);
-    const auto add = [&](auto& to, std::size_t v) __attribute__((always_inline)) {
-      to += OverTheta<Num>{y2 * y * (D3[v] + y * D4[v]), dy * y2 * (3 * D3[v] + 4 * y * D4[v]),
-                           dy * dy * 6 * y * (D3[v] + 2 * y * D4[v])};
-    };
-    add(s.one, 0);
-    for (std::size_t v = 1; v < D3.size(); ++v) {
-      add(s.w[v - 1], v);
-    }
-    s.R = {y30 * y2, 32 * dy * y30 * y, 992 * dy * dy * y30};
-  }
   return s;
+}
+
+/// Adds the conditional group.
+template <class Math>
+[[gnu::always_inline]] inline void add_conditional(Series3<Math>& s, typename Math::Number theta) {
+  using namespace subregion3;
+  using Num = typename Math::Number;
+  constexpr double dy = -1 / one_minus_theta_350;
+  const Num y = (theta - 1) * dy, y2 = y * y, y30 = Math::template whole_power<15>(y2);
+  const auto add = [&](auto& to, std::size_t v) __attribute__((always_inline)) {
+    to += OverTheta<Num>{y2 * y * (D3[v] + y * D4[v]), dy * y2 * (3 * D3[v] + 4 * y * D4[v]),
+                         dy * dy * 6 * y * (D3[v] + 2 * y * D4[v])};
+  };
+  add(s.one, 0);
+  for (std::size_t v = 1; v < D3.size(); ++v) {
+    add(s.w[v - 1], v);
+  }
+  s.R = {y30 * y2, 32 * dy * y30 * y, 992 * dy * dy * y30};
 }
 
 /// ψ3's derivatives over χ and θ, as far as they are asked for.
@@ -145,7 +165,10 @@ template <class Math>
   const Num w = reducing_volume / Divisor(v);
   const Num chi2 = chi * chi, chi4 = chi2 * chi2, chi5 = chi4 * chi, chi6 = chi5 * chi;
   const Num log_chi = Math::log(chi);
-  const auto c = series3<Math>(theta, theta < 1 && chi < 1);
+  auto c = series3<Math>(theta);
+  if (theta < 1 && chi < 1) {
+    add_conditional<Math>(c, theta);
+  }
   const Num R = Math::polynomial(D5, chi), R_1 = Math::polynomial(R0d, chi);
 
   const auto once = [](double) { return 1.0; };

@@ -22,7 +22,7 @@ constexpr std::array<std::array<double, 5>, 6> Hij{{
 }};
 constexpr double reference_density = 317.763;  // kg/m³
 /// 1/647.27 K, held in extended precision.
-constexpr long double one_over_reference_temperature = 0.00154495032984689622312L;
+constexpr long double one_over_reference_temperature = 0.00154495032984689542231217L;
 }  // namespace viscosity_table
 
 /// Dynamic viscosity, Pa·s.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "steam/domain.hpp"
-#include "steam/site.hpp"
+#include "steam/equations/domain.hpp"
+#include "steam/equations/site.hpp"
 
 namespace steam {
 

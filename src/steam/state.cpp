@@ -1,66 +1,58 @@
-#include "steam/domain.hpp"
-#include "steam/locate.hpp"
-#include "steam/properties.hpp"
+#include "steam/answer.hpp"
+#include "steam/equations/domain.hpp"
+#include "steam/host_environment.hpp"
+#include "steam/misuse.hpp"
 #include "steam/refusal.hpp"
-#include "steam/saturated.hpp"
+#include "steam/search/solve.hpp"
 
 namespace steam {
 namespace {
 
-constexpr Wanted phase_wanted{Property::v,
-                              Property::h,
-                              Property::s,
-                              Property::u,
-                              Property::cp,
-                              Property::cv,
-                              Property::density,
-                              Property::speed_of_sound,
-                              Property::isentropic_exponent,
-                              Property::viscosity,
-                              Property::conductivity,
-                              Property::prandtl};
-constexpr Wanted wet_wanted{Property::v, Property::h,       Property::s,
-                            Property::u, Property::density, Property::surface_tension};
+constexpr Needs everything = [] {
+  Needs all;
+  for (const PropertyRow& row : property_rows) {
+    all |= row.needs;
+  }
+  return all;
+}();
 
-Phase phase_at(const Site& site) {
-  Values values;
-  values.fill(missing);
-  properties(site, phase_wanted, values);
-  return phase_of(values);
+Phase phase_of(const Basis& basis, bool wet) {
+  const auto of = [&](Property p) { return value_of(row_of(p), basis, wet); };
+  return {.p = of(Property::p),
+          .t = of(Property::t),
+          .v = of(Property::v),
+          .h = of(Property::h),
+          .s = of(Property::s),
+          .u = of(Property::u),
+          .density = of(Property::density),
+          .cp = of(Property::cp),
+          .cv = of(Property::cv),
+          .speed_of_sound = of(Property::speed_of_sound),
+          .isentropic_exponent = of(Property::isentropic_exponent),
+          .viscosity = of(Property::viscosity),
+          .conductivity = of(Property::conductivity),
+          .prandtl = of(Property::prandtl)};
 }
 
-State full_state(const Site& site) {
+/// All of a state that has a pair.
+State full_state(Pair pair, double first, double second, const Site& site, bool several) {
+  const bool wet = is_wet(site.region);
+  Needs needs = everything;
+  needs.viscosity = needs.conductivity = !wet;
+  Basis basis;
+  complete_for_pair(basis, pair, first, second, site, needs, nothing);
   State state;
+  static_cast<Phase&>(state) = phase_of(basis, wet);
   state.region = site.region;
   state.approximate = site.approximate;
-  if (!is_wet(site.region)) {
-    static_cast<Phase&>(state) = phase_at(site);
-    return state;
+  state.several = several;
+  if (wet) {
+    state.x = basis.x;
+    state.surface_tension = value_of(row_of(Property::surface_tension), basis, wet);
+    state.saturated_liquid = phase_of(saturated_phase(site, false, everything), false);
+    state.saturated_vapour = phase_of(saturated_phase(site, true, everything), false);
   }
-  Values values;
-  values.fill(missing);
-  properties(site, wet_wanted, values);
-  static_cast<Phase&>(state) = phase_of(values);
-  state.x = site.x;
-  state.surface_tension = values[static_cast<std::size_t>(Property::surface_tension)];
-  state.saturated_liquid = phase_at(saturated_liquid(site));
-  state.saturated_vapour = phase_at(saturated_vapour(site));
   return state;
-}
-
-/// Whether several states may have the pair: not in steam, and only for some pairs.
-bool may_be_several(Pair pair, const Site& site) {
-  switch (pair) {
-    case Pair::pv:
-    case Pair::th:
-    case Pair::tu:
-    case Pair::ts:
-    case Pair::sx:
-    case Pair::vx:
-      return site.region != Region::steam;
-    default:
-      return false;
-  }
 }
 
 }  // namespace
@@ -84,29 +76,28 @@ const char* State::phase() const {
 }
 
 Result state(Pair pair, double first, double second) {
+  refuse_unknown(pair);
+  const HostEnvironment host;
   const Refusal refused = refusal(pair, first, second);
   if (refused.reason != Reason::none) {
     return Result(refused);
   }
-  const Site site = with_quality(locate(pair, first, second));
-  if (!site) {
+  const Solutions all = solve_all(pair, first, second);
+  if (all.sites.empty()) {
     return Result(no_state());
   }
-  State result = full_state(site);
-  result.several = may_be_several(pair, site) && locate_all(pair, first, second).count > 1;
-  return Result(result);
+  return Result(full_state(pair, first, second, all.sites[0], all.sites.size() > 1));
 }
 
 Results states(Pair pair, double first, double second) {
+  refuse_unknown(pair);
+  const HostEnvironment host;
   Results results;
-  if (refusal(pair, first, second).reason != Reason::none) {
-    return results;
-  }
-  const Solutions all = locate_all(pair, first, second);
-  for (std::size_t i = 0; i < all.count; ++i) {
-    State state = full_state(all.sites[i]);
-    state.several = all.count > 1;
-    results.add(state);
+  if (in_range(pair, first, second)) {
+    const Solutions all = solve_all(pair, first, second);
+    for (const Site& site : all.sites) {
+      results.add(full_state(pair, first, second, site, all.sites.size() > 1));
+    }
   }
   return results;
 }

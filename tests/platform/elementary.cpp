@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <random>
 
-#include "frame/guards.hpp"
+#include "classic/frame/guards.hpp"
 #include "hexadecimal.hpp"
 
 namespace {

@@ -2,7 +2,7 @@
 find_program(ABIDIFF abidiff REQUIRED)
 add_test(NAME platform/abi
          COMMAND ${ABIDIFF} --exported-interfaces-only --drop-private-types
-                 --headers-dir2 ${PROJECT_SOURCE_DIR}/src/api ${here}/vek.abi $<TARGET_FILE:vek>)
+                 --headers-dir2 ${PROJECT_SOURCE_DIR}/include/vek ${here}/vek.abi $<TARGET_FILE:vek>)
 
 set(prefix ${CMAKE_CURRENT_BINARY_DIR}/prefix)
 add_test(NAME platform/install

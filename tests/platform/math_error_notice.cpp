@@ -1,13 +1,13 @@
 // Calls MathErrorNotice with the system's message box replaced by one that keeps what it is given.
 
-#include "frame/math_error_notice.hpp"
+#include "classic/frame/math_error_notice.hpp"
 
 #include <windows.h>
 
 #include <cstdio>
 #include <string>
 
-#include "api/vek.h"
+#include "vek/vek.h"
 
 namespace {
 

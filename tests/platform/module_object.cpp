@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <string>
 
-#include "frame/module.hpp"
+#include "classic/frame/module.hpp"
 #include "module.hpp"
 
 namespace {

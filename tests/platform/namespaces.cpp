@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdio>
 
+#include "classic/frame/module.hpp"
 #include "vek/vek.h"
 
 namespace {
@@ -25,6 +26,8 @@ void raise_flag(void* handle) {
 
 int flag(void* handle) { return function<decltype(VEKHasError)>(handle, "VEKHasError")(); }
 
+TModule* object(void* handle) { return function<decltype(GetVekModule)>(handle, "GetVekModule")(); }
+
 bool stays_loaded(const char* file) {
   dlclose(dlopen(file, RTLD_NOW | RTLD_LOCAL));
   return dlopen(file, RTLD_NOW | RTLD_NOLOAD) != nullptr;
@@ -40,7 +43,7 @@ int main(int /*argc*/, char** argv) {
   std::array<void*, 3> handles{};
   for (void*& handle : handles) {
     handle = dlmopen(LM_ID_NEWLM, argv[1], RTLD_NOW | RTLD_LOCAL);
-    if (handle == nullptr || flag(handle) != 0) {
+    if (handle == nullptr || flag(handle) != 0 || object(handle)->instance != handle) {
       std::printf("no fresh module: %s\n", dlerror());
       return 1;
     }

@@ -18,24 +18,7 @@ constexpr const char* list = "P,T,V,H,S,X,CP,DV,TC ";
 constexpr std::size_t items = 9;
 constexpr double untouched = -999;
 
-double quantity(const host::State& state, char letter) {
-  switch (letter) {
-    case 'p':
-      return state.p;
-    case 't':
-      return state.t;
-    case 'v':
-      return state.v;
-    case 'h':
-      return state.h;
-    case 's':
-      return state.s;
-    case 'u':
-      return state.u;
-    default:
-      return state.x;
-  }
-}
+double quantity(const host::State& state, char letter) { return state[host::letters.find(letter)]; }
 
 void print(double x) { std::printf(" %s", host::hexadecimal(x).c_str()); }
 

@@ -2,13 +2,13 @@
 
 #include <array>
 #include <limits>
+#include <string_view>
 
 namespace host {
 
 /// A state by every quantity that a finder may know, in the letters of the finders' names.
-struct State {
-  double p, t, v, h, s, u, x;
-};
+constexpr std::string_view letters = "ptvhsux";
+using State = std::array<double, letters.size()>;
 
 constexpr double none = std::numeric_limits<double>::quiet_NaN();
 

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cmath>
 #include <stdexcept>
 #include <vector>
 
+#include "answers.hpp"
 #include "round_trips.hpp"
 
 namespace {
@@ -15,10 +15,10 @@ using steam::Pair;
 using steam::Property;
 using steam::Reason;
 
-constexpr Property all[]{Property::p,         Property::t,     Property::v,
-                         Property::h,         Property::s,     Property::u,
-                         Property::x,         Property::cp,    Property::speed_of_sound,
-                         Property::viscosity, Property::region};
+constexpr auto& all = answers::all_properties;
+
+/// The one after the last of version 1.
+constexpr auto not_reached = Reason::not_reached;
 
 struct Table {
   std::vector<double> first, second;
@@ -43,7 +43,7 @@ Table inputs(Pair pair, std::size_t rows) {
 
 Table evaluated(Pair pair, Table table, const steam::Options& options) {
   const std::size_t rows = table.first.size();
-  table.columns.assign(std::size(all), std::vector<double>(rows));
+  table.columns.assign(all.size(), std::vector<double>(rows));
   table.status.resize(rows);
   const std::vector<std::span<double>> outputs(table.columns.begin(), table.columns.end());
   table.done =
@@ -51,27 +51,26 @@ Table evaluated(Pair pair, Table table, const steam::Options& options) {
   return table;
 }
 
-bool same_bits(double a, double b) {
-  return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) ||
-         (std::isnan(a) && std::isnan(b));
-}
-
 /// Whether each row of a table is what a single evaluation gives.
 void check_rows(Pair pair, const Table& table) {
   SCOPED_TRACE(round_trips::name(pair));
   for (std::size_t row = 0; row < table.first.size(); ++row) {
-    std::array<double, std::size(all)> single{};
+    std::array<double, steam::property_count> single{};
     EXPECT_EQ(steam::values(pair, table.first[row], table.second[row], all, single),
               table.status[row]);
     for (std::size_t i = 0; i < single.size(); ++i) {
-      EXPECT_TRUE(same_bits(single[i], table.columns[i][row])) << "row " << row << " column " << i;
+      EXPECT_TRUE(answers::same_bits(single[i], table.columns[i][row]))
+          << "row " << row << " column " << i;
     }
   }
 }
 
 TEST(Evaluate, BatchesHaveTheBitsOfSingleEvaluationsWhateverTheThreads) {
-  const std::vector<steam::Options> ways{
-      {.threads = 1, .chunk = 1000}, {.threads = 8, .chunk = 7}, {.threads = 3, .chunk = 1}, {}};
+  const std::vector<steam::Options> ways{{.threads = 1, .chunk = 1000},
+                                         {.threads = 8, .chunk = 7},
+                                         {.threads = 3, .chunk = 1},
+                                         {.chunk = 0},
+                                         {}};
   for (std::size_t pair_number = 0; pair_number < steam::pair_count; ++pair_number) {
     const auto pair = static_cast<Pair>(pair_number);
     const Table start = inputs(pair, 300);
@@ -113,6 +112,68 @@ TEST(Evaluate, StopsAndReports) {
   EXPECT_LT(table.done, 200U);
   EXPECT_TRUE(std::is_sorted(reports.begin(), reports.end()));
   EXPECT_EQ(reports.back(), table.done);
+  std::size_t reached = 0;
+  for (std::size_t row = 0; row < table.status.size(); ++row) {
+    const bool is_missing = std::isnan(table.columns[0][row]);
+    reached += table.status[row] != not_reached ? 1 : 0;
+    EXPECT_EQ(is_missing, table.status[row] != Reason::none) << row;
+  }
+  EXPECT_EQ(reached, table.done);
+}
+
+TEST(Evaluate, WhatTheCallbackThrowsReachesTheCaller) {
+  for (const unsigned threads : {1U, 4U}) {
+    const steam::Options options{.threads = threads, .chunk = 10, .progress = [](auto, auto) {
+                                   throw std::runtime_error("enough");
+                                 }};
+    EXPECT_THROW(evaluated(Pair::ph, inputs(Pair::ph, 1000), options), std::runtime_error);
+  }
+}
+
+TEST(Evaluate, OutputsMayBeTheInputs) {
+  const Table start = inputs(Pair::ph, 500);
+  Table table = start;
+  const Property wanted[]{Property::t, Property::s};
+  const std::span<double> outputs[]{table.second, table.first};
+  steam::evaluate(Pair::ph, table.first, table.second, wanted, outputs, {}, {.chunk = 7});
+  for (std::size_t row = 0; row < start.first.size(); ++row) {
+    const auto value = [&](Property p) {
+      return steam::value(Pair::ph, start.first[row], start.second[row], p);
+    };
+    EXPECT_TRUE(answers::same_bits(table.second[row], value(Property::t))) << row;
+    EXPECT_TRUE(answers::same_bits(table.first[row], value(Property::s))) << row;
+  }
+}
+
+TEST(Evaluate, NothingIsDoneAtOnce) {
+  int calls = 0;
+  const steam::Options options{.progress = [&](auto, auto) { ++calls; }};
+  const Table table = evaluated(Pair::ph, {}, options);
+  EXPECT_EQ(table.done, 0U);
+  EXPECT_EQ(calls, 0);
+  std::stop_source stopped;
+  stopped.request_stop();
+  const Table none = evaluated(Pair::ph, inputs(Pair::ph, 3), {.stop = stopped.get_token()});
+  EXPECT_EQ(none.done, 0U);
+  EXPECT_EQ(none.status, std::vector<Reason>(3, not_reached));
+}
+
+TEST(Evaluate, NamesThatDoNotExistAreMisuse) {
+  std::vector<double> one{1};
+  const std::span<double> outputs[]{one};
+  const auto misuse = [&](Pair pair, Property property) {
+    const Property wanted[]{property};
+    EXPECT_THROW(steam::values(pair, 1, 100, wanted, one), std::invalid_argument);
+    EXPECT_THROW(static_cast<void>(steam::value(pair, 1, 100, property)), std::invalid_argument);
+    EXPECT_THROW(steam::evaluate(pair, one, one, wanted, outputs, {}), std::invalid_argument);
+  };
+  for (const int number : {18, 19, 64, 255}) {
+    const auto pair = static_cast<Pair>(number);
+    EXPECT_THROW(static_cast<void>(steam::state(pair, 1, 100)), std::invalid_argument);
+    EXPECT_THROW(static_cast<void>(steam::states(pair, 1, 100)), std::invalid_argument);
+    misuse(pair, Property::t);
+    misuse(Pair::ph, static_cast<Property>(number - 1));
+  }
 }
 
 TEST(Evaluate, SpansThatDoNotFitAreMisuse) {

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "pair_check.hpp"
+#include "answers.hpp"
 
 /// Input: a byte for the pair and two doubles.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   std::memcpy(values, data + 1, sizeof values);
   const auto pair = static_cast<steam::Pair>(data[0] % steam::pair_count);
-  const std::string fault = pair_check::fault(pair, values[0], values[1]);
+  const std::string fault = answers::fault_of_any(pair, values[0], values[1]);
   if (!fault.empty()) {
     std::fprintf(stderr, "%s\n", fault.c_str());
     std::abort();

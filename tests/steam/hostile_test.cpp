@@ -5,7 +5,7 @@
 #include <limits>
 #include <random>
 
-#include "pair_check.hpp"
+#include "answers.hpp"
 #include "round_trips.hpp"
 
 namespace {
@@ -42,7 +42,7 @@ double hostile(char letter, std::mt19937_64& random) {
 }
 
 void check(std::size_t pair, double first, double second) {
-  EXPECT_EQ(pair_check::fault(static_cast<Pair>(pair), first, second), "");
+  EXPECT_EQ(answers::fault_of_any(static_cast<Pair>(pair), first, second), "");
 }
 
 TEST(Hostile, AnyPairOfDoublesEndsInAStateThatHasItOrAReason) {

@@ -7,7 +7,6 @@
 namespace {
 
 using steam::Pair;
-using steam::Property;
 using steam::Region;
 
 struct Check {
@@ -67,39 +66,6 @@ TEST(States, PhasesInWords) {
   EXPECT_EQ(phase(300, 400), "supercritical fluid");
   EXPECT_EQ(phase(300, 700), "supercritical fluid");
   EXPECT_EQ(phase(200, 400), "steam");
-}
-
-TEST(States, TransportPropertiesInEveryRegion) {
-  // Pr of steam is about 1, of cold water about 13, and peaks beside the critical point.
-  for (const auto& [p, t, low, high] :
-       std::initializer_list<std::array<double, 4>>{{1, 1, 12, 14},
-                                                    {1, 200, 0.9, 1.1},
-                                                    {250, 360, 1, 3},
-                                                    {250, 384, 3, 12},
-                                                    {500, 500, 1, 3}}) {
-    const double prandtl = steam::value(Pair::pt, p, t, Property::prandtl);
-    EXPECT_GT(prandtl, low) << p << ' ' << t;
-    EXPECT_LT(prandtl, high) << p << ' ' << t;
-  }
-}
-
-TEST(States, OfSinglePhasesHaveNoQualityAndNoSurface) {
-  const steam::Result r = steam::state(Pair::pt, 10, 100);
-  EXPECT_TRUE(std::isnan(r->x));
-  EXPECT_TRUE(std::isnan(r->surface_tension));
-  EXPECT_TRUE(std::isnan(r->saturated_liquid.h));
-}
-
-TEST(States, PropertiesAreTheSameHoweverTheyAreAskedFor) {
-  const steam::Result r = steam::state(Pair::ph, 30, 2000);
-  const Property wanted[]{Property::t, Property::x, Property::v, Property::s, Property::u};
-  std::array<double, 5> together{};
-  steam::values(Pair::ph, 30, 2000, wanted, together);
-  const std::array<double, 5> full{r->t, r->x, r->v, r->s, r->u};
-  for (std::size_t i = 0; i < full.size(); ++i) {
-    EXPECT_EQ(together[i], full[i]);
-    EXPECT_EQ(steam::value(Pair::ph, 30, 2000, wanted[i]), full[i]);
-  }
 }
 
 }  // namespace

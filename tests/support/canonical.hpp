@@ -1,11 +1,13 @@
 #pragma once
 
-/// The canonical functions of the formulation, written term by term as published, evaluated and
-/// differentiated numerically in 50 digits: shares no line and no coefficient with the library.
+/// The canonical functions of the formulation, written term by term as published and
+/// differentiated automatically in extended precision: shares no line and no coefficient with the
+/// library.
 namespace canonical {
 
 struct Properties {
-  double p, v, h, s, u, cp;  // bar, m³/kg, kJ/kg, kJ/(kg K)
+  double p, v, h, s, u, cp;           // bar, m³/kg, kJ/kg, kJ/(kg K)
+  double cv = 0, speed_of_sound = 0;  // kJ/(kg K), m/s
 };
 
 Properties subregion1(double p, double t);
@@ -16,10 +18,19 @@ Properties subregion2(double p, double t);
 enum class Conditional { none, all, without_last_sum };
 
 Properties subregion3(double v, double t, Conditional part);
+/// With the group in the liquid below the critical temperature alone.
+Properties subregion3(double v, double t);
 
 struct Saturation {
   double p, dp_dt;  // bar, bar/K
 };
 Saturation saturation(double t);
+
+double viscosity(double v, double t);     // Pa·s
+double conductivity(double v, double t);  // W/(m K)
+double surface_tension(double t);         // N/m
+
+/// Pressure at the boundary of subregions 2 and 3, 350 to 590 °C.
+double boundary_line(double t);
 
 }  // namespace canonical

@@ -4,7 +4,7 @@
 #include <sstream>
 #include <string>
 
-#include "frame/diagnostics.hpp"
+#include "classic/frame/diagnostics.hpp"
 
 /// Catches the diagnostic lines of the module while it lives; reports are numbered from 1 again.
 class DiagnosticLines {

@@ -5,8 +5,8 @@
 #include <cmath>
 #include <span>
 
-#include "api/vek.h"
 #include "support/diagnostic_lines.hpp"
+#include "vek/vek.h"
 
 inline bool same(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
 

@@ -1,7 +1,0 @@
-#include <windows.h>
-
-#include "frame/module.hpp"
-
-extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID reserved) {
-  return classic::module_entry(instance, reason, reserved);
-}

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "steam/equations/slopes.hpp"
+
+namespace steam {
+
+/// Parts of a state's basis. An evaluation leaves out the terms that only other parts need.
+struct Parts {
+  bool v = false, h = false, s = false, cp = false, slopes = false;
+  [[nodiscard]] constexpr bool within(Parts more) const {
+    return v <= more.v && h <= more.h && s <= more.s && cp <= more.cp && slopes <= more.slopes;
+  }
+};
+constexpr Parts nothing{}, only_v{.v = true}, only_h{.h = true}, h_and_s{.h = true, .s = true};
+constexpr Parts first_order{.v = true, .h = true, .s = true};
+constexpr Parts all_but_slopes{.v = true, .h = true, .s = true, .cp = true};
+constexpr Parts all_parts{.v = true, .h = true, .s = true, .cp = true, .slopes = true};
+
+/// What all properties of a state are computed from.
+struct Basis {
+  Region region = Region::none;
+  double p = missing, t = missing, x = missing;
+  double v = missing, h = missing, s = missing, u = missing;
+  double cp = missing, cv = missing;
+  double v_over_p_s = missing;  // (∂v/∂p)s, m³/(kg bar)
+  double viscosity = missing, conductivity = missing;
+};
+
+/// Which variables of the equation the last step changes.
+struct Moves {
+  bool z = false, t = false;
+};
+
+/// One quantity after a small step.
+template <class Equation, Quantity Q, Moves moves, class Terms>
+[[gnu::always_inline]] inline double after_step(const Terms& terms, Variables at, Variables step) {
+  if constexpr (!moves.z && !moves.t) {
+    return value_of<Equation, Q>(terms, at.z, at.t);
+  } else {
+    const Sloped y = sloped<Equation, Q>(terms, at.z, at.t);
+    double value = y.value;
+    if constexpr (moves.z) {
+      value += y.over_1 * step.z;
+    }
+    if constexpr (moves.t) {
+      value += y.over_t * step.t;
+    }
+    return value;
+  }
+}
+
+/// Volume, enthalpy and entropy after a small step.
+template <class Equation, Parts parts, Moves moves, class Terms>
+[[gnu::always_inline]] inline void evaluate_first(const Terms& terms, Variables at, Variables step,
+                                                  Basis& out) {
+  if constexpr (!Equation::by_pressure) {
+    out.v = at.z + step.z;
+  } else if constexpr (parts.v) {
+    out.v = after_step<Equation, Quantity::v, moves>(terms, at, step);
+  }
+  if constexpr (parts.h) {
+    out.h = after_step<Equation, Quantity::h, moves>(terms, at, step);
+  }
+  if constexpr (parts.s) {
+    out.s = after_step<Equation, Quantity::s, moves>(terms, at, step);
+  }
+}
+
+/// Heat capacities and the like of a state of subregion 1 or 2.
+template <class Equation, Parts parts, class Terms>
+[[gnu::always_inline]] inline void evaluate_second(const Terms& terms, Variables x,
+                                                   Basis& out) requires(Equation::by_pressure) {
+  if constexpr (parts.cp) {
+    out.cp = formulation::heat_capacity(terms);
+  }
+  if constexpr (parts.slopes) {
+    const auto dv = formulation::volume_slopes(terms);
+    const double t_v2 = kelvin(x.t) * dv.over_t * dv.over_t;
+    out.cv = out.cp + kj_per_bar_m3 * t_v2 / dv.over_p;
+    out.v_over_p_s = dv.over_p + kj_per_bar_m3 * t_v2 / out.cp;
+  }
+}
+
+/// The same in subregion 3.
+template <class Equation, Parts parts>
+[[gnu::always_inline]] inline void evaluate_second(const Terms3& terms, Variables x,
+                                                   Basis& out) requires(!Equation::by_pressure) {
+  if constexpr (parts.cp) {
+    out.cp = formulation::heat_capacity(terms);
+  }
+  if constexpr (parts.slopes) {
+    out.cv = isochoric_heat_capacity3(terms);
+    const double p_t = pressure3_over_t(terms);
+    out.v_over_p_s =
+        1 / (pressure3_over_v(terms) - kj_per_bar_m3 * kelvin(x.t) * p_t * p_t / out.cv);
+  }
+}
+
+}  // namespace steam

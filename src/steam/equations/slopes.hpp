@@ -1,0 +1,140 @@
+#pragma once
+
+#include "formulation/subregion1.hpp"
+#include "formulation/subregion2_moments.hpp"
+#include "formulation/subregion3_derivatives.hpp"
+#include "steam/equations/arithmetic.hpp"
+#include "steam/equations/domain.hpp"
+#include "steam/equations/site.hpp"
+
+namespace steam {
+
+using Math = SharedDivisions;
+using Terms1 = formulation::Terms1<Math>;
+using Terms2 = formulation::Moments2<Math>;
+using Terms3 = formulation::Derivatives3<Math>;
+
+constexpr double kj_per_bar_m3 = 100;
+
+/// Subregions 1 and 2: the equation takes p and t.
+struct Water {
+  static constexpr bool by_pressure = true;
+  /// Water's own properties hardly depend on the pressure: it is resolved to parts of a bar.
+  static constexpr double z_floor = 1;
+  /// After a step of this relative size v, h and s follow in a straight line to the rounding.
+  static constexpr double small_step = 1e-7;
+  [[gnu::always_inline]] static auto terms(double p, double t) {
+    return formulation::terms1<Math>(p, t);
+  }
+};
+struct Steam {
+  static constexpr bool by_pressure = true;
+  static constexpr double z_floor = 0;
+  static constexpr double small_step = 1e-7;
+  [[gnu::always_inline]] static auto terms(double p, double t) {
+    return formulation::moments2<Math>(p, t);
+  }
+};
+/// Subregion 3: the equation takes v and t.
+struct Dense {
+  static constexpr bool by_pressure = false;
+  static constexpr double z_floor = 0;
+  static constexpr double small_step = 3e-8;
+  [[gnu::always_inline]] static auto terms(double v, double t) {
+    return formulation::derivatives3<Math>(v, t);
+  }
+};
+
+/// Pressure in subregion 3, bar, with the conditional group where it stands.
+inline double pressure3(const Terms3& s) { return formulation::pressure(s); }
+inline double pressure3_over_v(const Terms3& s) {  // bar kg/m³
+  return -s.chi_2 * (p_critical / v_critical);
+}
+inline double pressure3_over_t(const Terms3& s) {  // bar/K
+  return -s.chi_1_theta_1 * (p_critical / formulation::reducing_temperature);
+}
+inline double isochoric_heat_capacity3(const Terms3& s) {
+  return -s.theta * s.theta_2 * formulation::entropy_scale;
+}
+
+/// One quantity of a state.
+/// @param z  p, or v in subregion 3
+template <class Equation, Quantity Q, class Terms>
+[[gnu::always_inline]] inline double value_of(const Terms& s, double z, double t) {
+  constexpr bool first = Q == (Equation::by_pressure ? Quantity::p : Quantity::v);
+  if constexpr (first) {
+    return z;
+  } else if constexpr (Q == Quantity::t) {
+    return t;
+  } else if constexpr (Q == Quantity::p) {
+    return pressure3(s);
+  } else if constexpr (Q == Quantity::v) {
+    return formulation::volume(s);
+  } else if constexpr (Q == Quantity::h) {
+    return formulation::enthalpy(s);
+  } else if constexpr (Q == Quantity::s) {
+    return formulation::entropy(s);
+  } else if constexpr (Equation::by_pressure) {
+    return formulation::enthalpy(s) - kj_per_bar_m3 * z * formulation::volume(s);
+  } else {
+    return formulation::enthalpy(s) - kj_per_bar_m3 * pressure3(s) * z;
+  }
+}
+
+/// A property with its slopes over the two variables of the equation; `over_1` is over p, or over
+/// v in subregion 3.
+struct Sloped {
+  double value, over_1, over_t;
+};
+
+/// One quantity of a state in subregion 1 or 2.
+template <class Equation, Quantity Q, class Terms>
+[[gnu::always_inline]] inline Sloped sloped(const Terms& s, double p,
+                                            double t) requires(Equation::by_pressure) {
+  using formulation::volume, formulation::volume_slopes, formulation::enthalpy,
+      formulation::entropy, formulation::heat_capacity;
+  constexpr double c = kj_per_bar_m3;
+  if constexpr (Q == Quantity::p) {
+    return {p, 1, 0};
+  } else if constexpr (Q == Quantity::t) {
+    return {t, 0, 1};
+  } else if constexpr (Q == Quantity::v) {
+    const auto dv = volume_slopes(s);
+    return {volume(s), dv.over_p, dv.over_t};
+  } else if constexpr (Q == Quantity::h) {
+    return {enthalpy(s), c * (volume(s) - kelvin(t) * volume_slopes(s).over_t), heat_capacity(s)};
+  } else if constexpr (Q == Quantity::s) {
+    return {formulation::entropy(s), -c * volume_slopes(s).over_t, heat_capacity(s) / kelvin(t)};
+  } else {
+    const auto dv = volume_slopes(s);
+    return {enthalpy(s) - c * p * volume(s), -c * (kelvin(t) * dv.over_t + p * dv.over_p),
+            heat_capacity(s) - c * p * dv.over_t};
+  }
+}
+
+/// One quantity of a state in subregion 3.
+template <class Equation, Quantity Q>
+[[gnu::always_inline]] inline Sloped sloped(const Terms3& s, double v,
+                                            double t) requires(!Equation::by_pressure) {
+  constexpr double c = kj_per_bar_m3;
+  if constexpr (Q == Quantity::p) {
+    return {pressure3(s), pressure3_over_v(s), pressure3_over_t(s)};
+  } else if constexpr (Q == Quantity::t) {
+    return {t, 0, 1};
+  } else if constexpr (Q == Quantity::v) {
+    return {v, 1, 0};
+  } else if constexpr (Q == Quantity::h) {
+    const double p_t = pressure3_over_t(s);
+    return {formulation::enthalpy(s), c * (kelvin(t) * p_t + v * pressure3_over_v(s)),
+            isochoric_heat_capacity3(s) + c * v * p_t};
+  } else if constexpr (Q == Quantity::s) {
+    return {formulation::entropy(s), c * pressure3_over_t(s),
+            isochoric_heat_capacity3(s) / kelvin(t)};
+  } else {
+    const double p = pressure3(s);
+    return {formulation::enthalpy(s) - c * p * v, c * (kelvin(t) * pressure3_over_t(s) - p),
+            isochoric_heat_capacity3(s)};
+  }
+}
+
+}  // namespace steam

@@ -1,0 +1,26 @@
+#include "steam/property_table.hpp"
+
+#include <cmath>
+
+namespace steam {
+namespace {
+
+constexpr bool is_in_order() {
+  for (std::size_t i = 0; i < property_count; ++i) {
+    if (property_rows[i].property != static_cast<Property>(i)) {
+      return false;
+    }
+  }
+  return true;
+}
+static_assert(is_in_order(), "the rows stand in the order of the enumerators");
+
+}  // namespace
+
+double property_table::surface_tension(const Basis& b) {
+  constexpr double T_critical = 647.15;
+  const double x = std::fmax(1 - kelvin(b.t) / T_critical, 0);
+  return 235.8e-3 * std::pow(x, 1.256) * (1 - 0.625 * x);
+}
+
+}  // namespace steam

@@ -1,0 +1,92 @@
+#include "steam/search/dense_volume.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "steam/search/root.hpp"
+#include "steam/tables/charts.hpp"
+#include "steam/tables/tabulated_saturation.hpp"
+
+namespace steam {
+namespace {
+
+struct Bracket {
+  double low, high;
+};
+
+/// Volumes of subregion 3 with some room on both sides.
+constexpr Bracket whole{0.00125, 0.0105};
+/// Amid the loop that the isotherms next to the critical one have.
+constexpr double v_between = 0.0031707;
+/// From here up to `t_single` the table cannot tell the two phases apart by their volumes.
+constexpr double t_merging = 374.1485, t_single = 374.2;
+constexpr double table_doubt = 1.5e-3;
+
+/// The volume of the highest pressure that the vapour of such an isotherm has.
+double summit(const Isotherm& isotherm) {
+  constexpr double v_vapour = 0.0033;
+  const auto slope = [&](double v) {
+    return Slope{formulation::pressure(isotherm, v).over_v,
+                 std::numeric_limits<double>::quiet_NaN()};
+  };
+  return root(slope, v_between, v_vapour, HUGE_VAL, false, {.step = 1e-9, .noise = 0}).x;
+}
+
+/// Where the volume of a phase is.
+Bracket bracket_of(Region branch, const Isotherm& isotherm, double p, double t) {
+  if (t > t_single) {
+    return whole;
+  }
+  if (t >= t_jump) {  // one volume for each pressure
+    return formulation::pressure(isotherm, v_between).p <= p ? Bracket{whole.low, v_between}
+                                                             : Bracket{v_between, whole.high};
+  }
+  const bool liquid = branch == Region::hot_water;
+  if (t > t_merging) {
+    return liquid ? Bracket{whole.low, v_between} : Bracket{summit(isotherm), whole.high};
+  }
+  const SaturatedVolumes saturated = rough_saturated_volumes(t);
+  return liquid ? Bracket{whole.low, std::min(saturated.liquid * (1 + table_doubt), v_critical)}
+                : Bracket{saturated.vapour * (1 - table_doubt), whole.high};
+}
+
+double volume_in(Bracket bracket, const Isotherm& isotherm, double p, double start) {
+  const auto excess = [&](double v) {
+    const auto [p_here, slope] = formulation::pressure(isotherm, v);
+    return Slope{p_here - p, slope};
+  };
+  constexpr Enough enough{.step = 1e-10, .noise = 0};
+  return root(excess, bracket.low, bracket.high, start, false, enough).x;
+}
+
+}  // namespace
+
+SaturatedVolumes rough_saturated_volumes(double t) {
+  const Ends v = TabulatedSaturation(t).ends<Quantity::v>();
+  return {v.liquid, t < t_jump ? v.vapour : v.liquid};
+}
+
+double dense_volume(Region branch, double p, double t) {
+  double start = v_critical;
+  const Place here = place(charts[static_cast<std::size_t>(Pair::pt)], p, t);
+  for (const Patch& patch : here.patches) {
+    if (patch.region == branch) {
+      start = 1 / here(patch, 0);
+    }
+  }
+  const auto isotherm = formulation::isotherm3<SharedDivisions>(t);
+  return volume_in(bracket_of(branch, isotherm, p, t), isotherm, p, start);
+}
+
+SaturatedVolumes saturated_volumes(double t, double p_saturation) {
+  const SaturatedVolumes start = rough_saturated_volumes(t);
+  const auto isotherm = formulation::isotherm3<SharedDivisions>(t);
+  const auto volume = [&](Region branch, double first) {
+    return volume_in(bracket_of(branch, isotherm, p_saturation, t), isotherm, p_saturation, first);
+  };
+  const double liquid = volume(Region::hot_water, start.liquid);
+  return {liquid, std::max(liquid, volume(Region::dense_steam, start.vapour))};
+}
+
+}  // namespace steam

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "formulation/subregion3_isotherm.hpp"
+#include "steam/equations/site.hpp"
+
+namespace steam {
+
+using Isotherm = formulation::Isotherm3<double>;
+
+/// Specific volume in subregion 3 at a pressure and a temperature.
+/// @param branch  hot_water for the liquid, else dense_steam
+double dense_volume(Region branch, double p, double t);
+
+struct SaturatedVolumes {
+  double liquid, vapour;  // m³/kg
+};
+
+/// Saturated volumes above 350 °C: the two roots of the equation at the saturation pressure.
+/// @note  Within 0.0006 K below the critical temperature the equation has one root only at that
+///        pressure; both phases have it then.
+SaturatedVolumes saturated_volumes(double t, double p_saturation);
+
+/// The same from the table, to 1e-8, next to the critical point 1e-3.
+SaturatedVolumes rough_saturated_volumes(double t);
+
+}  // namespace steam

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "steam/search/line_search.hpp"
+#include "steam/search/quantity.hpp"
+
+namespace steam {
+
+// Lines of one volume or one entropy, for pairs that give neither pressure nor temperature. In a
+// piece the coordinate and the line's own value leave one variable of the equation open; it is
+// searched for at each point.
+
+/// The states of one volume. The coordinate is t.
+class Isochore {
+ public:
+  explicit Isochore(double v) : value_(v) {}
+  static constexpr Quantity own = Quantity::v;
+  [[nodiscard]] double value() const { return value_; }
+  [[nodiscard]] LinePoint at(const Piece& piece, double c, Quantity q);
+  static double coordinate(const Site& site) { return site.t; }
+  static double slack(Quantity q, double value) { return 5 * steam::slack(q, value); }
+  /// Where a line ends, its own value's rounding moves the end along the limit: in cold water by
+  /// far more than the other value's rounding.
+  static double end_slack(Quantity q, double value) { return 250 * steam::slack(q, value); }
+
+ private:
+  double value_;
+  double p_start_ = missing;
+};
+
+/// The states of one entropy. The coordinate is ln p, in subregion 3 v, in wet states t.
+class Isentrope {
+ public:
+  explicit Isentrope(double s) : value_(s) {}
+  static constexpr Quantity own = Quantity::s;
+  [[nodiscard]] double value() const { return value_; }
+  [[nodiscard]] LinePoint at(const Piece& piece, double c, Quantity q);
+  static double coordinate(const Site& site) {
+    return is_wet(site.region) ? site.t : is_3(site.region) ? site.v : std::log(site.p);
+  }
+  static double slack(Quantity q, double value) { return 5 * steam::slack(q, value); }
+  /// Where a line ends, its own value's rounding moves the end along the limit: in cold water by
+  /// far more than the other value's rounding.
+  static double end_slack(Quantity q, double value) { return 250 * steam::slack(q, value); }
+
+ private:
+  double value_;
+  double t_start_ = missing;
+};
+
+/// The pieces of such a line: it is crossed with the borders of every subregion.
+template <class Line>
+Pieces pieces_of(Line& line);
+extern template Pieces pieces_of(Isochore&);
+extern template Pieces pieces_of(Isentrope&);
+
+}  // namespace steam

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cmath>
+
+namespace steam {
+
+/// Value of a function of one variable and its derivative.
+struct Slope {
+  double value, derivative;
+};
+
+/// When an iteration ends.
+struct Enough {
+  /// After a step of this size, as a part of the variable, the next is below the rounding.
+  double step = 3e-16;
+  /// A value no larger than this is the rounding of the function.
+  double noise = 0;
+};
+
+struct Root {
+  double x;
+  int evaluations;
+  bool found;  ///< false: the function does not change its sign in the bracket
+};
+
+/// Where a root is.
+struct RootBracket {
+  double low, high;
+  RootBracket(double a, double b) : low(a < b ? a : b), high(a < b ? b : a) {}
+  [[nodiscard]] double middle() const { return (low + high) / 2; }
+  [[nodiscard]] bool has(double x) const { return x >= low && x <= high; }
+  void narrow(double x, bool root_is_above) { (root_is_above ? low : high) = x; }
+  [[nodiscard]] double nearest(double x) const { return x < low ? low : x > high ? high : x; }
+  /// The point to go on with: the proposed one, unless it leaves the bracket or converges slowly.
+  [[nodiscard]] double next(double proposed, double x, double last_step) const {
+    const bool good =
+        proposed > low && proposed < high && !(std::abs(proposed - x) > 0.5 * last_step);
+    return good ? proposed : middle();
+  }
+};
+
+/// The engine's only iteration of one variable: Newton steps from a start, halvings of the bracket
+/// where a step leaves it or is not much shorter than the one before.
+/// @param f      gives a Slope; without a slope it may give not-a-number there, and is halved only
+/// @param a, b   bracket, in either order; f need not be known at its ends
+/// @param start  where to begin; the middle if it is outside the bracket
+/// @param rises  whether f rises from the lower end of the bracket to the upper one
+/// @note         at most about two evaluations for each halving of the bracket
+template <class F>
+[[nodiscard]] Root root(F&& f, double a, double b, double start, bool rises, Enough enough = {}) {
+  const RootBracket whole(a, b);
+  RootBracket bracket = whole;
+  double x = whole.has(start) ? start : whole.middle();
+  double last_step = whole.high - whole.low;
+  constexpr int most_evaluations = 120;
+  for (int n = 1; n <= most_evaluations; ++n) {
+    const Slope y = f(x);
+    if (std::abs(y.value) <= enough.noise) {
+      return {x, n, true};
+    }
+    bracket.narrow(x, (y.value < 0) == rises);
+    const double newton = x - y.value / y.derivative;
+    if (std::abs(newton - x) <= enough.step * std::abs(x)) {
+      return {whole.nearest(newton), n, true};
+    }
+    const double next = bracket.next(newton, x, last_step);
+    last_step = std::abs(next - x);
+    x = next;
+    if (last_step <= enough.step * std::abs(x)) {
+      return {x, n, bracket.low != whole.low || bracket.high != whole.high};
+    }
+  }
+  return {x, most_evaluations, false};
+}
+
+}  // namespace steam

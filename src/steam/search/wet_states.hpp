@@ -1,0 +1,15 @@
+#pragma once
+
+#include "steam/search/solutions.hpp"
+
+namespace steam {
+
+/// Wet states of a quality and a volume or an entropy.
+struct WetStates {
+  Solutions all;  ///< from the highest temperature down
+  Site nearest;   ///< if there is none: of the two sides of a gap, the nearer
+};
+/// @param only_first  ends as soon as no state that counts before can follow
+WetStates wet_states(Quantity q, double value, double x, bool only_first = false);
+
+}  // namespace steam

@@ -1,0 +1,162 @@
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <iterator>
+#include <utility>
+
+#include "steam/equations/arithmetic.hpp"
+#include "steam/tables/chart_layout.hpp"
+
+namespace steam {
+
+// Where a search starts. The plane of a pair is divided into cells; a cell has polynomials of
+// degree five for each region that reaches into it. tools/write_tables fits them to the equations;
+// they decide how many iterations a state takes, never what it is.
+
+/// What one region has in one cell: the number of its first polynomial.
+struct Patch {
+  Region region;
+  std::uint16_t polynomials;
+};
+
+/// Numbers of polynomials by region, four bits each.
+constexpr std::uint32_t packed_unknowns(Pair pair) {
+  std::uint32_t all = 0;
+  for (unsigned region = 1; region <= static_cast<unsigned>(Region::wet); ++region) {
+    all |= static_cast<std::uint32_t>(unknowns(pair, Region{static_cast<std::uint8_t>(region)}))
+           << 4 * region;
+  }
+  return all;
+}
+
+/// The regions of a cell, the one of most states first. A cell is one word: in the lower half the
+/// number of its first polynomial, in the upper half up to four regions, four bits each.
+class Patches {
+ public:
+  static constexpr std::size_t most = 4;
+
+  Patches() = default;
+  Patches(std::uint32_t cell, std::uint32_t unknowns) : cell_(cell), unknowns_(unknowns) {}
+
+  class Iterator {
+   public:
+    Iterator(std::uint32_t cell, std::uint32_t unknowns)
+        : regions_(cell >> 16), polynomials_(cell & 0xffff), unknowns_(unknowns) {}
+    Patch operator*() const {
+      return {Region{static_cast<std::uint8_t>(regions_ & 15)},
+              static_cast<std::uint16_t>(polynomials_)};
+    }
+    Iterator& operator++() {
+      polynomials_ += unknowns_ >> 4 * (regions_ & 15) & 15;
+      regions_ >>= 4;
+      return *this;
+    }
+    bool operator==(std::default_sentinel_t /*end*/) const { return regions_ == 0; }
+
+   private:
+    std::uint32_t regions_, polynomials_, unknowns_;
+  };
+
+  [[nodiscard]] Iterator begin() const { return {cell_, unknowns_}; }
+  static std::default_sentinel_t end() { return {}; }
+  [[nodiscard]] std::size_t size() const {
+    return (static_cast<std::size_t>(std::bit_width(cell_ >> 16)) + 3) / 4;
+  }
+  Patch operator[](std::size_t number) const {
+    Iterator patch = begin();
+    for (; number > 0; --number) {
+      ++patch;
+    }
+    return *patch;
+  }
+
+ private:
+  std::uint32_t cell_ = 0, unknowns_ = 0;
+};
+
+struct Chart {
+  Axes axes;
+  std::uint32_t unknowns;
+  const float* words;  // the cells, row by row, and the polynomials
+};
+
+// The words of each chart, from its data file. The names are the assembler's, since platforms
+// differ in how they decorate the compiler's.
+namespace chart_data {
+extern const float pt[] asm("vek_chart_pt");
+extern const float pv[] asm("vek_chart_pv");
+extern const float ph[] asm("vek_chart_ph");
+extern const float ps[] asm("vek_chart_ps");
+extern const float pu[] asm("vek_chart_pu");
+extern const float tv[] asm("vek_chart_tv");
+extern const float th[] asm("vek_chart_th");
+extern const float tu[] asm("vek_chart_tu");
+extern const float ts[] asm("vek_chart_ts");
+extern const float hs[] asm("vek_chart_hs");
+extern const float us[] asm("vek_chart_us");
+extern const float vh[] asm("vek_chart_vh");
+extern const float vs[] asm("vek_chart_vs");
+extern const float vu[] asm("vek_chart_vu");
+/// In the order of the layouts.
+inline constexpr std::array all{pt, pv, ph, ps, pu, tv, th, tu, ts, hs, us, vh, vs, vu};
+}  // namespace chart_data
+
+/// Charts by pair; those with x have none.
+inline constexpr std::array<Chart, pair_count> charts = [] {
+  std::array<Chart, pair_count> by_pair{};
+  for (std::size_t i = 0; i < chart_layouts.size(); ++i) {
+    const ChartLayout& layout = chart_layouts[i];
+    by_pair[static_cast<std::size_t>(layout.pair)] = {
+        chart_axes(layout), packed_unknowns(layout.pair), chart_data::all[i]};
+  }
+  return by_pair;
+}();
+static_assert(chart_data::all.size() == chart_layouts.size());
+
+/// Position in a chart: the patches of the cell and the place in it, -1 to 1.
+struct Place {
+  Patches patches;
+  const float* coefficients = nullptr;
+  double x = 0, y = 0;
+
+  /// The value of polynomial number `index` of a patch.
+  [[nodiscard]] double operator()(const Patch& patch, std::size_t index) const {
+    const float* c = coefficients + chart_stride * (patch.polynomials + index);
+    // A place without coefficients has no patches to ask for.
+    const auto rest = static_cast<double>(*c++);  // NOLINT(clang-analyzer-core.NullDereference)
+    std::array<double, chart_degree + 1> over_x{};
+    const auto add = [&]<std::size_t power>() {
+      constexpr std::size_t count = chart_degree + 1 - power;
+      std::array<double, count> row{};
+      for (std::size_t i = 0; i < count; ++i) {
+        row[i] = static_cast<double>(*c++);
+      }
+      over_x[power] = SharedDivisions::polynomial(row, x);
+    };
+    [&]<std::size_t... power>(std::index_sequence<power...>) {
+      (add.template operator()<power>(), ...);
+    }
+    (std::make_index_sequence<chart_degree + 1>{});
+    return SharedDivisions::polynomial(over_x, y) + rest;
+  }
+};
+
+/// No patches outside the chart and in cells without states.
+inline Place place(const Chart& chart, double first, double second) {
+  const auto& [axis_x, axis_y] = chart.axes;
+  const Coordinate x = axis_x(first);
+  const Coordinate y = axis_y(second);
+  const auto is_on = [](const Axis& axis, int cell) {
+    return static_cast<unsigned>(cell) < static_cast<unsigned>(axis.cells);
+  };
+  if (!is_on(axis_x, x.cell) || !is_on(axis_y, y.cell)) {
+    return {};
+  }
+  const auto cell = std::bit_cast<std::uint32_t>(chart.words[y.cell * axis_x.cells + x.cell]);
+  const int cells = axis_x.cells * axis_y.cells;
+  return {{cell, chart.unknowns}, chart.words + cells, x.place, y.place};
+}
+
+}  // namespace steam

@@ -1,0 +1,28 @@
+#include "classic/frame/module.hpp"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "vek/vek.h"
+
+TEST(ModuleObject, IsThereFromLoadOn) {
+  const TModule* module = GetVekModule();
+  ASSERT_NE(module, nullptr);
+  EXPECT_STREQ(module->name, "VEK.DLL");
+  EXPECT_EQ(GetVekModule(), module);
+}
+
+TEST(ModuleObject, IsMadeAnewByEachEntryWhateverTheReason) {
+  // Each stays reachable, as the module itself keeps only the newest.
+  static std::array<const TModule*, 4> all{GetVekModule()};
+  auto newest = all.begin();
+  int instance = 0;
+  for (const unsigned long reason : {0UL, 1UL, 3UL}) {
+    EXPECT_EQ(classic::module_entry(&instance, reason, nullptr), 1);
+    EXPECT_NE(GetVekModule(), *newest);
+    EXPECT_EQ(GetVekModule()->instance, &instance);
+    *++newest = GetVekModule();
+  }
+  EXPECT_STREQ(all.front()->name, "VEK.DLL") << "the objects before it live on";
+}
