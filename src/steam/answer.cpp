@@ -36,15 +36,13 @@ void complete_for_pair(Basis& basis, Pair pair, double first, double second, con
   }
 }
 
-Needs needs_of(std::span<const Property> wanted) {
-  Needs needs;
-  for (const Property property : wanted) {
-    needs |= row_of(property).needs;
+Wanted::Wanted(std::size_t number, const int* numbers) : count(number), properties(numbers) {
+  for (std::size_t i = 0; i < count; ++i) {
+    needs |= row_of(static_cast<Property>(properties[i])).needs;
   }
-  return needs;
 }
 
-Reason answer(Pair pair, double first, double second, const Needs& needs, Basis& basis) {
+Reason basis_of_pair(Pair pair, double first, double second, const Needs& needs, Basis& basis) {
   if (!in_range(pair, first, second)) {
     return refusal(pair, first, second).reason;
   }

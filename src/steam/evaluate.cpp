@@ -1,149 +1,129 @@
-#include <algorithm>
-#include <atomic>
-#include <exception>
-#include <mutex>
-#include <stdexcept>
-#include <thread>
+#include <new>
 #include <vector>
 
-#include "steam/answer.hpp"
-#include "steam/host_environment.hpp"
-#include "steam/misuse.hpp"
+#include "steam/arguments.hpp"
+#include "steam/batch.hpp"
+#include "steam/pool.hpp"
+#include "steam/strided.hpp"
 
 namespace steam {
 namespace {
 
-/// A batch in chunks, which threads take one after the other. No row depends on another.
-class Batch {
- public:
-  Batch(Pair pair, std::span<const double> first, std::span<const double> second,
-        std::span<const Property> properties, std::span<const std::span<double>> outputs,
-        std::span<Reason> status, const Options& options)
-      : pair_(pair),
-        first_(first),
-        second_(second),
-        properties_(properties),
-        outputs_(outputs),
-        status_(status),
-        options_(options),
-        chunk_(std::clamp<std::size_t>(options.chunk, 1, std::max<std::size_t>(first.size(), 1))),
-        needs_(needs_of(properties)) {}
+constexpr std::size_t usual_chunk = 512;
 
-  /// Takes chunks until there are none left or the batch is stopped.
-  void work() {
-    while (!options_.stop.stop_requested() && !failed_) {
-      const std::size_t begin = next_.fetch_add(chunk_, std::memory_order_relaxed);
-      if (begin >= first_.size()) {
-        return;
-      }
-      const std::size_t end = std::min(begin + chunk_, first_.size());
-      evaluate_rows(begin, end);
-      report(end - begin);
-    }
+Places places(const void* data, std::ptrdiff_t stride, std::size_t size) {
+  return {reinterpret_cast<std::uintptr_t>(data), stride, size};
+}
+
+/// Every place that is written, the status last.
+std::vector<Places> written(const Rows& rows, std::size_t count) {
+  std::vector<Places> all;
+  for (std::size_t i = 0; i < count; ++i) {
+    all.push_back(places(rows.outputs[i].data, rows.outputs[i].stride, sizeof(double)));
   }
+  if (rows.status) {
+    all.push_back(places(rows.status->data, rows.status->stride, 1));
+  }
+  return all;
+}
 
-  /// Chunks are taken in order, and what is taken is done: the rows behind are those not reached.
-  void mark_rest() {
-    for (std::size_t row = std::min(next_.load(), first_.size()); row < first_.size(); ++row) {
-      for (const std::span<double>& output : outputs_) {
-        output[row] = missing;
+/// Whether what one row writes is read or written by another, or twice by itself.
+bool overlap(const Rows& rows, std::size_t count) {
+  const std::vector<Places> all = written(rows, count);
+  const Places inputs[]{places(rows.first.data, rows.first.stride, sizeof(double)),
+                        places(rows.second.data, rows.second.stride, sizeof(double))};
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    if (!are_apart(all[i], rows.count)) {
+      return true;
+    }
+    for (std::size_t k = 0; k < i; ++k) {
+      if (may_overlap(all[k], all[i], rows.count)) {
+        return true;
       }
-      if (!status_.empty()) {
-        status_[row] = Reason::not_reached;
+    }
+    for (const Places& input : inputs) {
+      if (!(input == all[i]) && may_overlap(input, all[i], rows.count)) {
+        return true;
       }
     }
   }
+  return false;
+}
 
-  /// What the callback has thrown, if it has.
-  [[nodiscard]] std::exception_ptr thrown() const { return thrown_; }
-  [[nodiscard]] std::size_t done() const { return done_; }
-
- private:
-  void evaluate_rows(std::size_t begin, std::size_t end) {
-    const HostEnvironment host;
-    for (std::size_t row = begin; row < end; ++row) {
-      evaluate_row(row);
-    }
+bool has_null(const Rows& rows, std::size_t count) {
+  if (count > 0 && !rows.outputs) {
+    return true;
   }
-
-  void evaluate_row(std::size_t row) {
-    Basis basis;
-    const Reason reason = answer(pair_, first_[row], second_[row], needs_, basis);
-    const bool wet = is_wet(basis.region);
-    for (std::size_t i = 0; i < properties_.size(); ++i) {
-      outputs_[i][row] =
-          reason == Reason::none ? value_of(row_of(properties_[i]), basis, wet) : missing;
-    }
-    if (!status_.empty()) {
-      status_[row] = reason;
-    }
+  bool null = rows.count > 0 && (!rows.first.data || !rows.second.data);
+  for (std::size_t i = 0; rows.count > 0 && i < count; ++i) {
+    null = null || !rows.outputs[i].data;
   }
+  return null || (rows.count > 0 && rows.status && !rows.status->data);
+}
 
-  void report(std::size_t rows) {
-    const std::lock_guard lock(progress_);
-    done_ += rows;
-    if (!options_.progress || failed_) {
-      return;
-    }
-    try {
-      options_.progress(done_, first_.size());
-    } catch (...) {
-      thrown_ = std::current_exception();
-      failed_ = true;
-    }
+/// What is wrong with a call.
+int check(int pair, const Rows& rows, std::size_t count, const int* properties,
+          const vek_steam_options* options, std::size_t options_size) {
+  const int wrong = first_wrong({is_pair(pair) ? VEK_STEAM_OK : VEK_STEAM_NO_SUCH_PAIR,
+                                 check_properties(count, properties),
+                                 options ? check_record(options, options_size) : VEK_STEAM_OK});
+  if (wrong != VEK_STEAM_OK) {
+    return wrong;
   }
+  return has_null(rows, count)  ? VEK_STEAM_NULL
+         : overlap(rows, count) ? VEK_STEAM_OVERLAP
+                                : VEK_STEAM_OK;
+}
 
-  Pair pair_;
-  std::span<const double> first_, second_;
-  std::span<const Property> properties_;
-  std::span<const std::span<double>> outputs_;
-  std::span<Reason> status_;
-  const Options& options_;
-  std::size_t chunk_;
-  Needs needs_;
-  std::atomic<std::size_t> next_{0};
-  std::atomic<bool> failed_{false};
-  std::mutex progress_;
-  std::exception_ptr thrown_;
-  std::size_t done_ = 0;
-};
-
-void check_sizes(std::span<const double> first, std::span<const double> second,
-                 std::span<const Property> wanted, std::span<const std::span<double>> outputs,
-                 std::span<Reason> status) {
-  const bool fits = second.size() == first.size() && outputs.size() == wanted.size() &&
-                    (status.empty() || status.size() == first.size()) &&
-                    std::all_of(outputs.begin(), outputs.end(),
-                                [&](const auto& out) { return out.size() == first.size(); });
-  if (!fits) {
-    throw std::invalid_argument("steam::evaluate: spans of different lengths");
+void run(Batch& batch, const vek_steam_options& options) {
+  if (options.pool) {
+    options.pool->run(batch);
+    return;
   }
+  const std::size_t chunks = batch.chunks();
+  const std::size_t threads = std::min<std::size_t>(threads_for(options.threads), chunks);
+  if (threads < 2) {
+    batch.work();
+    return;
+  }
+  Crew(static_cast<unsigned>(threads) - 1).run(batch, threads - 1);
 }
 
 }  // namespace
+}  // namespace steam
 
-std::size_t evaluate(Pair pair, std::span<const double> first, std::span<const double> second,
-                     std::span<const Property> wanted, std::span<const std::span<double>> outputs,
-                     std::span<Reason> status, const Options& options) {
-  refuse_unknown(pair, wanted);
-  check_sizes(first, second, wanted, outputs, status);
-  Batch batch(pair, first, second, wanted, outputs, status, options);
-  const unsigned cores = std::max(1U, std::thread::hardware_concurrency());
-  const std::size_t chunks = first.size() / std::max<std::size_t>(options.chunk, 1) + 1;
-  const std::size_t threads =
-      std::min<std::size_t>(options.threads > 0 ? options.threads : cores, chunks);
-  std::vector<std::jthread> others;
-  others.reserve(threads);
-  for (std::size_t i = 1; i < threads; ++i) {
-    others.emplace_back([&batch] { batch.work(); });
+using namespace steam;
+
+int vek_steam_evaluate(int pair, size_t rows, vek_steam_input first, vek_steam_input second,
+                       size_t count, const int* properties, const vek_steam_output* outputs,
+                       const vek_steam_output* status, const vek_steam_options* options,
+                       size_t options_size, size_t* done) {
+  try {
+    const Rows columns{rows, first, second, outputs, status};
+    const int wrong = check(pair, columns, count, properties, options, options_size);
+    if (wrong != VEK_STEAM_OK) {
+      return wrong;
+    }
+    vek_steam_options how = options ? *options : vek_steam_options{};
+    how.chunk = how.chunk > 0 ? how.chunk : usual_chunk;
+    Batch batch(static_cast<Pair>(pair), columns, Wanted(count, properties), how);
+    run(batch, how);
+    batch.mark_rest();
+    if (done) {
+      *done = batch.done();
+    }
+    return VEK_STEAM_OK;
+  } catch (const std::bad_alloc&) {
+    return VEK_STEAM_NO_MEMORY;
   }
-  batch.work();
-  others.clear();  // joins
-  batch.mark_rest();
-  if (batch.thrown()) {
-    std::rethrow_exception(batch.thrown());
-  }
-  return batch.done();
 }
 
-}  // namespace steam
+vek_steam_pool* vek_steam_pool_create(unsigned threads) {
+  try {
+    return new vek_steam_pool(threads);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+
+void vek_steam_pool_destroy(vek_steam_pool* pool) { delete pool; }

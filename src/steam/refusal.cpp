@@ -24,6 +24,30 @@ constexpr std::array<Words, 7> words{{
     {'x', "quality", "", Reason::quality},
 }};
 
+/// Of a code without a value.
+const char* sentence(int code) {
+  switch (code) {
+    case VEK_STEAM_OK:
+      return "there is a state";
+    case VEK_STEAM_NOT_REACHED:
+      return "the evaluation was ended before this row";
+    case VEK_STEAM_NO_SUCH_PAIR:
+      return "no such pair";
+    case VEK_STEAM_NO_SUCH_PROPERTY:
+      return "no such property";
+    case VEK_STEAM_NULL:
+      return "a pointer that is needed is null";
+    case VEK_STEAM_SHORT:
+      return "the size of a structure is below that of its first version";
+    case VEK_STEAM_OVERLAP:
+      return "places of an output overlap with each other or with other data";
+    case VEK_STEAM_NO_MEMORY:
+      return "no memory or no thread left";
+    default:
+      return "no state of the formulation has both values";
+  }
+}
+
 Refusal check(Quantity q, double value, bool saturated) {
   const Range range = range_of(q, saturated);
   if (range.has(value)) {
@@ -43,26 +67,18 @@ Refusal refusal(Pair pair, double first, double second) {
   return of_first.reason != Reason::none ? of_first : check(k.second, second, saturated);
 }
 
-Refusal no_state() { return {.reason = Reason::no_state}; }
-
-std::string text(const Refusal& refusal) {
-  if (refusal.reason == Reason::none) {
-    return "there is a state";
-  }
+int write_text(const vek_steam_refusal& refusal, char* buffer, std::size_t size) {
+  const bool of_value = refusal.code > VEK_STEAM_OK && refusal.code < VEK_STEAM_NO_STATE;
   for (const Words& a : words) {
-    if (a.letter != refusal.quantity) {
+    if (!of_value || a.letter != refusal.quantity) {
       continue;
     }
-    char line[160];
-    if (refusal.reason == Reason::not_a_number) {
-      std::snprintf(line, sizeof line, "%s is not a number", a.name);
-    } else {
-      std::snprintf(line, sizeof line, "%s %.10g is outside %.10g to %.10g%s", a.name,
-                    refusal.value, refusal.lowest, refusal.highest, a.unit);
-    }
-    return line;
+    return refusal.code == VEK_STEAM_NOT_A_NUMBER
+               ? std::snprintf(buffer, size, "%s is not a number", a.name)
+               : std::snprintf(buffer, size, "%s %.10g is outside %.10g to %.10g%s", a.name,
+                               refusal.value, refusal.lowest, refusal.highest, a.unit);
   }
-  return "no state of the formulation has both values";
+  return std::snprintf(buffer, size, "%s", sentence(refusal.code));
 }
 
 }  // namespace steam

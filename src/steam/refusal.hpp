@@ -52,7 +52,7 @@ inline bool in_range(Pair pair, double first, double second) {
 /// What to say when they are not in range.
 Refusal refusal(Pair pair, double first, double second);
 
-/// What to say when both values are possible but no state has them.
-Refusal no_state();
+/// One line about it, in the manner of std::snprintf.
+int write_text(const vek_steam_refusal& refusal, char* buffer, std::size_t size);
 
 }  // namespace steam

@@ -1,108 +1,124 @@
 #include "steam/answer.hpp"
-#include "steam/equations/domain.hpp"
+#include "steam/arguments.hpp"
 #include "steam/host_environment.hpp"
-#include "steam/misuse.hpp"
 #include "steam/refusal.hpp"
 #include "steam/search/solve.hpp"
 
 namespace steam {
 namespace {
 
-constexpr Needs everything = [] {
+constexpr Needs needs_of_phase = [] {
   Needs all;
-  for (const PropertyRow& row : property_rows) {
-    all |= row.needs;
+  for (std::size_t i = 0; i <= VEK_STEAM_PRANDTL; ++i) {
+    all |= property_rows[i].needs;
   }
   return all;
 }();
 
-Phase phase_of(const Basis& basis, bool wet) {
-  const auto of = [&](Property p) { return value_of(row_of(p), basis, wet); };
-  return {.p = of(Property::p),
-          .t = of(Property::t),
-          .v = of(Property::v),
-          .h = of(Property::h),
-          .s = of(Property::s),
-          .u = of(Property::u),
-          .density = of(Property::density),
-          .cp = of(Property::cp),
-          .cv = of(Property::cv),
-          .speed_of_sound = of(Property::speed_of_sound),
-          .isentropic_exponent = of(Property::isentropic_exponent),
-          .viscosity = of(Property::viscosity),
-          .conductivity = of(Property::conductivity),
-          .prandtl = of(Property::prandtl)};
+/// Which phase properties a record has, in its order.
+template <class Record>
+void write_phase(const Basis& basis, bool wet, Record& out) {
+  const auto of = [&](int p) { return value_of(property_rows[p], basis, wet); };
+  out.p = of(VEK_STEAM_P);
+  out.t = of(VEK_STEAM_T);
+  out.v = of(VEK_STEAM_V);
+  out.h = of(VEK_STEAM_H);
+  out.s = of(VEK_STEAM_S);
+  out.u = of(VEK_STEAM_U);
+  out.density = of(VEK_STEAM_DENSITY);
+  out.cp = of(VEK_STEAM_CP);
+  out.cv = of(VEK_STEAM_CV);
+  out.speed_of_sound = of(VEK_STEAM_SPEED_OF_SOUND);
+  out.isentropic_exponent = of(VEK_STEAM_ISENTROPIC_EXPONENT);
+  out.viscosity = of(VEK_STEAM_VISCOSITY);
+  out.conductivity = of(VEK_STEAM_CONDUCTIVITY);
+  out.prandtl = of(VEK_STEAM_PRANDTL);
 }
 
+/// A saturated phase of a wet state; missing values in one phase.
+void write_saturated(const Site& site, bool vapour, vek_steam_phase* out) {
+  if (!out) {
+    return;
+  }
+  if (is_wet(site.region)) {
+    write_phase(saturated_phase(site, vapour, needs_of_phase), false, *out);
+  } else {
+    write_phase(Basis{}, false, *out);
+  }
+}
+
+/// A pair as it is given.
+struct Given {
+  Pair pair;
+  double first, second;
+};
+
 /// All of a state that has a pair.
-State full_state(Pair pair, double first, double second, const Site& site, bool several) {
+void write_state(const Given& given, const Site& site, bool several, vek_steam_state& out) {
   const bool wet = is_wet(site.region);
-  Needs needs = everything;
+  Needs needs = needs_of_phase;
   needs.viscosity = needs.conductivity = !wet;
   Basis basis;
-  complete_for_pair(basis, pair, first, second, site, needs, nothing);
-  State state;
-  static_cast<Phase&>(state) = phase_of(basis, wet);
-  state.region = site.region;
-  state.approximate = site.approximate;
-  state.several = several;
-  if (wet) {
-    state.x = basis.x;
-    state.surface_tension = value_of(row_of(Property::surface_tension), basis, wet);
-    state.saturated_liquid = phase_of(saturated_phase(site, false, everything), false);
-    state.saturated_vapour = phase_of(saturated_phase(site, true, everything), false);
-  }
-  return state;
+  complete_for_pair(basis, given.pair, given.first, given.second, site, needs, nothing);
+  write_phase(basis, wet, out);
+  out.x = value_of(row_of(Property::x), basis, wet);
+  out.surface_tension = value_of(row_of(Property::surface_tension), basis, wet);
+  out.region = static_cast<int>(site.region);
+  out.several = several;
+  out.approximate = site.approximate;
+  out.reserved = 0;
+}
+
+/// The saturated phases may be left out.
+int check_phases(const vek_steam_phase* liquid, const vek_steam_phase* vapour, std::size_t size) {
+  return (liquid || vapour) && size < sizeof(vek_steam_phase) ? VEK_STEAM_SHORT : VEK_STEAM_OK;
 }
 
 }  // namespace
-
-const char* State::phase() const {
-  switch (region) {
-    case Region::water:
-    case Region::hot_water:
-      return "water";
-    case Region::steam:
-      return t > t_critical && p > p_critical ? "supercritical fluid" : "steam";
-    case Region::dense_steam:
-      return t < t_critical ? "steam" : p > p_critical ? "supercritical fluid" : "steam";
-    case Region::wet:
-    case Region::wet_above_350:
-      return "wet steam";
-    case Region::none:
-      break;
-  }
-  return "none";
-}
-
-Result state(Pair pair, double first, double second) {
-  refuse_unknown(pair);
-  const HostEnvironment host;
-  const Refusal refused = refusal(pair, first, second);
-  if (refused.reason != Reason::none) {
-    return Result(refused);
-  }
-  const Solutions all = solve_all(pair, first, second);
-  if (all.sites.empty()) {
-    return Result(no_state());
-  }
-  return Result(full_state(pair, first, second, all.sites[0], all.sites.size() > 1));
-}
-
-Results states(Pair pair, double first, double second) {
-  refuse_unknown(pair);
-  const HostEnvironment host;
-  Results results;
-  if (in_range(pair, first, second)) {
-    const Solutions all = solve_all(pair, first, second);
-    for (const Site& site : all.sites) {
-      results.add(full_state(pair, first, second, site, all.sites.size() > 1));
-    }
-  }
-  return results;
-}
-
-Result saturation_by_pressure(double p, double x) { return state(Pair::px, p, x); }
-Result saturation_by_temperature(double t, double x) { return state(Pair::tx, t, x); }
-
 }  // namespace steam
+
+using namespace steam;
+
+int vek_steam_state_of(int pair, double first, double second, vek_steam_state* state,
+                       size_t state_size, vek_steam_phase* liquid, vek_steam_phase* vapour,
+                       size_t phase_size) {
+  std::size_t count = 0;
+  return vek_steam_states_of(pair, first, second, state, state_size, liquid, vapour, phase_size, 1,
+                             &count);
+}
+
+int vek_steam_states_of(int pair, double first, double second, vek_steam_state* states,
+                        size_t state_size, vek_steam_phase* liquids, vek_steam_phase* vapours,
+                        size_t phase_size, size_t capacity, size_t* count) {
+  const int wrong = first_wrong({is_pair(pair) ? VEK_STEAM_OK : VEK_STEAM_NO_SUCH_PAIR,
+                                 capacity > 0 ? check_record(states, state_size) : VEK_STEAM_OK,
+                                 check_phases(liquids, vapours, phase_size),
+                                 count ? VEK_STEAM_OK : VEK_STEAM_NULL});
+  if (wrong != VEK_STEAM_OK) {
+    return wrong;
+  }
+  *count = 0;
+  const Given given{static_cast<Pair>(pair), first, second};
+  const HostEnvironment host;
+  if (!in_range(given.pair, first, second)) {
+    return static_cast<int>(refusal(given.pair, first, second).reason);
+  }
+  const Solutions all = solve_all(given.pair, first, second);
+  *count = all.sites.size();
+  for (std::size_t i = 0; i < std::min(capacity, *count); ++i) {
+    write_state(given, all.sites[i], *count > 1, *element(states, state_size, i));
+    write_saturated(all.sites[i], false, element(liquids, phase_size, i));
+    write_saturated(all.sites[i], true, element(vapours, phase_size, i));
+  }
+  return *count > 0 ? VEK_STEAM_OK : VEK_STEAM_NO_STATE;
+}
+
+int vek_steam_saturation(int given, double value, vek_steam_phase* liquid, vek_steam_phase* vapour,
+                         size_t phase_size) {
+  if (given != VEK_STEAM_P && given != VEK_STEAM_T) {
+    return VEK_STEAM_NO_SUCH_PROPERTY;
+  }
+  vek_steam_state state;
+  return vek_steam_state_of(given == VEK_STEAM_P ? VEK_STEAM_PX : VEK_STEAM_TX, value, 0, &state,
+                            sizeof state, liquid, vapour, phase_size);
+}

@@ -1,31 +1,20 @@
-#include <stdexcept>
-
 #include "steam/answer.hpp"
+#include "steam/arguments.hpp"
 #include "steam/host_environment.hpp"
-#include "steam/misuse.hpp"
 
-namespace steam {
+using namespace steam;
 
-Reason values(Pair pair, double first, double second, std::span<const Property> wanted,
-              std::span<double> out) {
-  if (out.size() < wanted.size()) {
-    throw std::invalid_argument("steam::values: fewer places than wanted properties");
+int vek_steam_values(int pair, double first, double second, size_t count, const int* properties,
+                     double* out) {
+  if (!is_pair(pair)) {
+    return VEK_STEAM_NO_SUCH_PAIR;
   }
-  refuse_unknown(pair, wanted);
+  const int wrong = check_properties(count, properties);
+  if (wrong != VEK_STEAM_OK || (count > 0 && !out)) {
+    return wrong != VEK_STEAM_OK ? wrong : VEK_STEAM_NULL;
+  }
   const HostEnvironment host;
-  Basis basis;
-  const Reason reason = answer(pair, first, second, needs_of(wanted), basis);
-  const bool wet = is_wet(basis.region);
-  for (std::size_t i = 0; i < wanted.size(); ++i) {
-    out[i] = reason == Reason::none ? value_of(row_of(wanted[i]), basis, wet) : missing;
-  }
-  return reason;
+  const Reason reason = answer(static_cast<Pair>(pair), first, second, Wanted(count, properties),
+                               [out](std::size_t i, double value) { out[i] = value; });
+  return static_cast<int>(reason);
 }
-
-double value(Pair pair, double first, double second, Property wanted) {
-  double out = missing;
-  values(pair, first, second, {&wanted, 1}, {&out, 1});
-  return out;
-}
-
-}  // namespace steam

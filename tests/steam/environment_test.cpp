@@ -3,6 +3,7 @@
 #include <cfenv>
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <vector>
 
 #include "answers.hpp"

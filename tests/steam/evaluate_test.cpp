@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
 #include <stdexcept>
 #include <vector>
 
@@ -97,14 +98,14 @@ TEST(Evaluate, RowsWithoutAStateGetTheirReasonAndNaN) {
 }
 
 TEST(Evaluate, StopsAndReports) {
-  std::stop_source stop;
+  std::atomic<int> cancel{0};
   std::vector<std::size_t> reports;
-  steam::Options options{.threads = 2, .chunk = 10, .stop = stop.get_token()};
+  steam::Options options{.threads = 2, .chunk = 10, .cancel = &cancel};
   options.progress = [&](std::size_t done, std::size_t rows) {
     EXPECT_EQ(rows, 1000U);
     reports.push_back(done);
     if (done >= 100) {
-      stop.request_stop();
+      cancel = 1;
     }
   };
   const Table table = evaluated(Pair::ph, inputs(Pair::ph, 1000), options);
@@ -151,9 +152,8 @@ TEST(Evaluate, NothingIsDoneAtOnce) {
   const Table table = evaluated(Pair::ph, {}, options);
   EXPECT_EQ(table.done, 0U);
   EXPECT_EQ(calls, 0);
-  std::stop_source stopped;
-  stopped.request_stop();
-  const Table none = evaluated(Pair::ph, inputs(Pair::ph, 3), {.stop = stopped.get_token()});
+  const std::atomic<int> cancelled{1};
+  const Table none = evaluated(Pair::ph, inputs(Pair::ph, 3), {.cancel = &cancelled});
   EXPECT_EQ(none.done, 0U);
   EXPECT_EQ(none.status, std::vector<Reason>(3, not_reached));
 }
