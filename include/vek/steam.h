@@ -173,6 +173,10 @@ VEK_STEAM_API int vek_steam_saturation(int given, double value, vek_steam_phase*
 VEK_STEAM_API int vek_steam_values(int pair, double first, double second, size_t count,
                                    const int* properties, double* out);
 
+/* One property of a state; missing when there is none, and when the pair or the property does not
+ * exist. */
+VEK_STEAM_API double vek_steam_value(int pair, double first, double second, int property);
+
 /* Threads that a host creates once for many batches; any number of its threads may evaluate on one
  * pool at a time. A child process after fork may go on with its parent's pools: each begins anew
  * there. */

@@ -18,3 +18,9 @@ int vek_steam_values(int pair, double first, double second, size_t count, const 
                                [out](std::size_t i, double value) { out[i] = value; });
   return static_cast<int>(reason);
 }
+
+double vek_steam_value(int pair, double first, double second, int property) {
+  double out = missing;
+  vek_steam_values(pair, first, second, 1, &property, &out);
+  return out;
+}
