@@ -3,6 +3,7 @@
 
 #include "pairs.hpp"
 #include "state_command.hpp"
+#include "vek/version.h"
 
 namespace {
 
