@@ -18,10 +18,6 @@
 
 #include <stddef.h>
 
-#define VEK_STEAM_VERSION_MAJOR 1
-#define VEK_STEAM_VERSION_MINOR 0
-#define VEK_STEAM_VERSION_PATCH 0
-
 #if defined(__GNUC__) && !defined(_WIN32)
 #define VEK_STEAM_API __attribute__((visibility("default")))
 #else

@@ -2,6 +2,7 @@
 #include "steam/host_environment.hpp"
 #include "steam/property_table.hpp"
 #include "steam/refusal.hpp"
+#include "vek/version.h"
 
 // What the C interface says about itself: refusals, properties, pairs, limits, version.
 
@@ -88,10 +89,4 @@ const char* vek_steam_phase_name(int region, double p, double t) {
   }
 }
 
-const char* vek_steam_version(void) {
-#define VEK_TEXT(number) #number
-#define VEK_VERSION_TEXT(major, minor, patch) \
-  VEK_TEXT(major) "." VEK_TEXT(minor) "." VEK_TEXT(patch)
-  return VEK_VERSION_TEXT(VEK_STEAM_VERSION_MAJOR, VEK_STEAM_VERSION_MINOR,
-                          VEK_STEAM_VERSION_PATCH);
-}
+const char* vek_steam_version(void) { return VEK_VERSION; }
