@@ -23,8 +23,10 @@ class HostEnvironment {
     std::fesetenv(FE_DFL_ENV);
 #endif
 #if defined(__SSE2__)
-    constexpr unsigned all_masked = 0x1f80;
-    _mm_setcsr(all_masked);
+    constexpr unsigned all_masked = 0x1f80, flags = 0x3f;
+    if ((control_ & ~flags) != all_masked) {  // writing takes longer than reading
+      _mm_setcsr(all_masked);
+    }
 #endif
   }
   ~HostEnvironment() {
@@ -32,7 +34,9 @@ class HostEnvironment {
     std::fesetenv(&others_);
 #endif
 #if defined(__SSE2__)
-    _mm_setcsr(control_);
+    if (_mm_getcsr() != control_) {
+      _mm_setcsr(control_);
+    }
 #endif
   }
   HostEnvironment(const HostEnvironment&) = delete;
