@@ -202,6 +202,7 @@ TEST(CInterface, APoolServesManyThreadsAndLivesOnAfterFork) {
   Work alone(2000);
   alone.run(nullptr);
   std::vector<std::thread> hosts;
+  hosts.reserve(4);
   for (int i = 0; i < 4; ++i) {
     hosts.emplace_back([&] {
       for (int k = 0; k < 20; ++k) {
