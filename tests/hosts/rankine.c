@@ -13,7 +13,7 @@ static void request(VekFinder finder, double x, double y, const char* list) {
   }
 }
 
-static void print(const char* name, double value) { printf("%-24s%16.9f\n", name, value); }
+static void print(const char* name, double value) { printf("%-28s%16.9f\n", name, value); }
 
 int main(void) {
   const double p_inlet = 160;
@@ -23,32 +23,21 @@ int main(void) {
 
   request(vekrpt_, p_inlet, t_inlet, "H,S ");
   const double h_inlet = result[0];
-  const double s_inlet = result[1];
   print("inlet enthalpy", h_inlet);
-  print("inlet entropy", s_inlet);
+  print("inlet entropy", result[1]);
 
-  request(vekrps_, p_condenser, s_inlet, "H,X ");
-  const double h_ideal = result[0];
-  print("ideal outlet enthalpy", h_ideal);
+  request(vekrps_, p_condenser, result[1], "H,X ");
   print("ideal outlet quality", result[1]);
 
-  const double h_outlet = h_inlet - turbine * (h_inlet - h_ideal);
+  const double h_outlet = h_inlet - turbine * (h_inlet - result[0]);
   request(vekrph_, p_condenser, h_outlet, "T,X,S ");
   print("outlet temperature", result[0]);
   print("outlet quality", result[1]);
   print("outlet entropy", result[2]);
 
-  request(vekrpx_, p_condenser, 0, "H,S ");
-  const double h_condensate = result[0];
-  request(vekrps_, p_inlet, result[1], "H,T ");
-  const double h_feed = result[0];
-  print("condensate enthalpy", h_condensate);
-  print("feed enthalpy", h_feed);
+  request(vekrpx_, p_condenser, 0, "S ");
+  request(vekrps_, p_inlet, result[0], "H,T ");
   print("feed temperature", result[1]);
-
-  const double heat = h_inlet - h_feed;
-  const double pump = h_feed - h_condensate;
-  print("ideal efficiency", (h_inlet - h_ideal - pump) / heat);
-  print("efficiency", (h_inlet - h_outlet - pump) / heat);
+  print("turbine's share of the heat", (h_inlet - h_outlet) / (h_inlet - result[0]));
   return 0;
 }

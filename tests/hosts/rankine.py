@@ -21,22 +21,12 @@ h_inlet, s_inlet = state("vekrpt_", P_INLET, 540, "H,S")
 h_ideal, x_ideal = state("vekrps_", P_CONDENSER, s_inlet, "H,X")
 h_outlet = h_inlet - 0.87 * (h_inlet - h_ideal)
 t_outlet, x_outlet, s_outlet = state("vekrph_", P_CONDENSER, h_outlet, "T,X,S")
-h_condensate, s_condensate = state("vekrpx_", P_CONDENSER, 0, "H,S")
+s_condensate, = state("vekrpx_", P_CONDENSER, 0, "S")
 h_feed, t_feed = state("vekrps_", P_INLET, s_condensate, "H,T")
-heat, pump = h_inlet - h_feed, h_feed - h_condensate
 
-for name, value in {
-    "inlet enthalpy": h_inlet,
-    "inlet entropy": s_inlet,
-    "ideal outlet enthalpy": h_ideal,
-    "ideal outlet quality": x_ideal,
-    "outlet temperature": t_outlet,
-    "outlet quality": x_outlet,
-    "outlet entropy": s_outlet,
-    "condensate enthalpy": h_condensate,
-    "feed enthalpy": h_feed,
-    "feed temperature": t_feed,
-    "ideal efficiency": (h_inlet - h_ideal - pump) / heat,
-    "efficiency": (h_inlet - h_outlet - pump) / heat,
-}.items():
-    print(f"{name:<24}{value:16.9f}")
+for name, value in (
+        ("inlet enthalpy", h_inlet), ("inlet entropy", s_inlet), ("ideal outlet quality", x_ideal),
+        ("outlet temperature", t_outlet), ("outlet quality", x_outlet),
+        ("outlet entropy", s_outlet), ("feed temperature", t_feed),
+        ("turbine's share of the heat", (h_inlet - h_outlet) / (h_inlet - h_feed))):
+    print(f"{name:<28}{value:16.9f}")

@@ -33,11 +33,14 @@ struct Request {
 };
 
 static const struct Request requests[] = {
-    {"no fault", vekrpt_, 10, 100, "H,S ", 0},
+    {"no fault", vekrpt_, 10, 100, "P,T,V,H,S,X,CP,DV,TC ", 0},
     {"overflow and invalid operation", vekrpt_, 1e-310, 300, "V ", 1},
     {"division by zero", vekrpt_, 0, 300, "V ", 1},
+    {"division by zero with the terms known", vekrpt_, 0, 300, "V ", 1},
     {"overflow", vekrpt_, 1e305, 20, "H ", 1},
     {"a fault, then a diagnostic line", vekrpt_, 0, 300, "V,Q ", 2},
+    {"a diagnostic line, then a fault", vekrpt_, 0, 300, "Q,V ", 1},
+    {"no fault of its own", vekrpt_, 0, 300, "T ", 0},
     {"a fault in a request within a request", asks_first, 10, 100, "H,S ", 0},
     {"no fault after faults", vekrpt_, 10, 100, "H,S ", 0},
 };
@@ -53,7 +56,7 @@ int main(void) {
   int failures = 0;
   for (size_t i = 0; i < sizeof requests / sizeof *requests; ++i) {
     const struct Request* r = &requests[i];
-    double result[2];
+    double result[9];
     vek(r->finder, &r->p, &r->t, r->list, result);
     if (VEKHasError() != r->flag || traps() != host_traps) {
       printf("%s: flag %d, traps %x\n", r->what, VEKHasError(), traps());

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "classic/frame/module.hpp"
 #include "module.hpp"
 
 namespace {
@@ -22,11 +23,11 @@ struct Loaded {
   int flag() const { return module.function<decltype(VEKHasError)>("VEKHasError")(); }
   TModule* object() const { return module.function<decltype(GetVekModule)>("GetVekModule")(); }
 
-  /// A request of one item from pressure and temperature.
-  double request(double p, double t, const char* list) const {
+  /// A request of one item.
+  double request(const char* finder, double a, double b, const char* list) const {
     double result = -999;
-    module.function<decltype(vek)>("vek")(module.function<decltype(vekrpt_)>("vekrpt_"), &p, &t,
-                                          list, &result);
+    module.function<decltype(vek)>("vek")(module.function<decltype(vekrpt_)>(finder), &a, &b, list,
+                                          &result);
     return result;
   }
 
@@ -34,22 +35,16 @@ struct Loaded {
 };
 
 void check_fresh(const Loaded& m) {
-  expect(m.object() != nullptr, "the module object exists once the module is loaded");
+  expect(m.object()->instance == m.module.handle(), "the module object tells the module");
   expect(m.flag() == 0, "the error flag is 0 after load");
   // Four characters: the pressure comes from the slot of the last wet state, 0 after load.
-  expect(m.request(10, 100, "PRES") == 0, "nothing of an earlier load is left");
+  expect(m.request("vekrpt_", 10, 100, "PRES") == 0, "nothing of an earlier load is left");
 }
 
 void leave_traces(const Loaded& m) {
-  // Steam whose pressure makes a quality: it leaves the saturation pressure at 100 degrees.
-  expect(m.request(1.0132527, 100, "P ") > 0, "a request is answered");
-  double t = 100;
-  double x = 0.5;
-  double ps = 0;
-  m.module.function<decltype(vek)>("vek")(m.module.function<decltype(vekrtx_)>("vekrtx_"), &t, &x,
-                                          "P ", &ps);
-  expect(m.request(10, 100, "PRES") == ps && ps > 1, "the slot keeps the last wet state");
-  m.request(10, 100, "Q ");
+  const double ps = m.request("vekrtx_", 100, 0.5, "P ");
+  expect(m.request("vekrpt_", 10, 100, "PRES") == ps && ps > 1, "the slot keeps the wet state");
+  m.request("vekrpt_", 10, 100, "Q ");
   expect(m.flag() == 2, "an unknown item raises the flag");
 }
 

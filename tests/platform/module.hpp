@@ -15,6 +15,9 @@ class Module {
     return reinterpret_cast<Function*>(address(name));
   }
 
+  /// What the system knows it by.
+  void* handle() const { return handle_; }
+
   /// Unloads it, once per load.
   void close();
 

@@ -2,11 +2,11 @@
 // finder on every state, called directly and through vek, in hexadecimal floating point.
 
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <string>
 
-#include "hexadecimal.hpp"
 #include "module.hpp"
 #include "states.hpp"
 
@@ -20,54 +20,46 @@ constexpr double untouched = -999;
 
 double quantity(const host::State& state, char letter) { return state[host::letters.find(letter)]; }
 
-void print(double x) { std::printf(" %s", host::hexadecimal(x).c_str()); }
+/// To the last bit, the same way on every platform.
+void print(double x) {
+  std::array<char, 40> text{};
+  std::to_chars(text.data(), text.data() + text.size(), x, std::chars_format::hex);
+  std::printf(" %s", text.data());
+}
 
-class Requests {
- public:
-  explicit Requests(const host::Module& module)
-      : module_(module),
-        vek_(module.function<decltype(vek)>("vek")),
-        has_error_(module.function<decltype(VEKHasError)>("VEKHasError")) {}
+/// The region code and the evaluation pair that the finder leaves.
+void find(VekFinder finder, double a, double b) {
+  double tolerance = 1e-8;
+  std::printf(" %d", finder(&a, &b, &tolerance));
+  print(a);
+  print(b);
+}
 
-  void run(const char* pair) const {
-    const auto name = std::string("vekr") + pair + "_";
-    auto* const finder = module_.function<decltype(vekrpt_)>(name.c_str());
-    for (std::size_t i = 0; i < host::states.size(); ++i) {
-      const double a = quantity(host::states[i], pair[0]);
-      const double b = quantity(host::states[i], pair[1]);
-      if (!std::isnan(a) && !std::isnan(b)) {
-        std::printf("%s %zu", pair, i);
-        find(finder, a, b);
-        request(finder, a, b);
-        std::printf("\n");
-      }
+/// The error flag and the properties.
+void request(const host::Module& module, VekFinder finder, double a, double b) {
+  std::array<double, items> result;
+  result.fill(untouched);
+  module.function<decltype(vek)>("vek")(finder, &a, &b, list, result.data());
+  std::printf(" %d", module.function<decltype(VEKHasError)>("VEKHasError")());
+  for (const double x : result) {
+    print(x);
+  }
+}
+
+void run(const host::Module& module, const char* pair) {
+  const auto name = std::string("vekr") + pair + "_";
+  auto* const finder = module.function<decltype(vekrpt_)>(name.c_str());
+  for (std::size_t i = 0; i < host::states.size(); ++i) {
+    const double a = quantity(host::states[i], pair[0]);
+    const double b = quantity(host::states[i], pair[1]);
+    if (!std::isnan(a) && !std::isnan(b)) {
+      std::printf("%s %zu", pair, i);
+      find(finder, a, b);
+      request(module, finder, a, b);
+      std::printf("\n");
     }
   }
-
- private:
-  /// The region code and the evaluation pair.
-  static void find(VekFinder finder, double a, double b) {
-    double tolerance = 1e-8;
-    std::printf(" %d", finder(&a, &b, &tolerance));
-    print(a);
-    print(b);
-  }
-
-  /// The error flag and the properties.
-  void request(VekFinder finder, double a, double b) const {
-    std::array<double, items> result;
-    result.fill(untouched);
-    vek_(finder, &a, &b, list, result.data());
-    std::printf(" %d", has_error_());
-    for (const double x : result) {
-      print(x);
-    }
-  }
-
-  const host::Module& module_;
-  decltype(vek)* vek_;
-  decltype(VEKHasError)* has_error_;
-};
+}
 
 }  // namespace
 
@@ -76,8 +68,7 @@ int main(int /*argc*/, char** argv) {
     return 2;
   }
   const host::Module module(argv[1]);
-  const Requests requests(module);
   for (const char* pair : pairs) {
-    requests.run(pair);
+    run(module, pair);
   }
 }

@@ -29,30 +29,16 @@ std::array<Enumeration, N> numbers() {
   return all;
 }
 
-using Member = double Phase::*;
-/// The properties of a phase; those of a state beside them have no member.
-constexpr std::array<Member, steam::property_count> members{&Phase::p,
-                                                            &Phase::t,
-                                                            &Phase::v,
-                                                            &Phase::h,
-                                                            &Phase::s,
-                                                            &Phase::u,
-                                                            nullptr,
-                                                            &Phase::density,
-                                                            &Phase::cp,
-                                                            &Phase::cv,
-                                                            &Phase::speed_of_sound,
-                                                            &Phase::isentropic_exponent,
-                                                            &Phase::viscosity,
-                                                            &Phase::conductivity,
-                                                            &Phase::prandtl,
-                                                            nullptr,
-                                                            nullptr};
+/// Those that a state has beside its phase are handed over.
+Properties properties(const Phase& f, double x, double tension, double region) {
+  return listed(f.p, f.t, f.v, f.h, f.s, f.u, x, f.density, f.cp, f.cv, f.speed_of_sound,
+                f.isentropic_exponent, f.viscosity, f.conductivity, f.prandtl, tension, region);
+}
 
 bool same_phase(const Phase& a, const Phase& b) {
-  return std::all_of(members.begin(), members.end(), [&](Member member) {
-    return member == nullptr || same_bits(a.*member, b.*member);
-  });
+  const auto all = properties(a, 0, 0, 0), others = properties(b, 0, 0, 0);
+  return std::equal(all.begin(), all.end(), others.begin(),
+                    [](double x, double y) { return same_bits(x, y); });
 }
 
 std::string numbered(const char* what, Property p) {
@@ -64,8 +50,7 @@ std::string difference_of_states(const Result& state, const steam::Results& stat
     return state ? "states() has none" : "states() has some, state() none";
   }
   if (state && !same_bits(*state, states[0])) {
-    const bool other = state->region != states[0].region || std::abs(state->t - states[0].t) > 1e-6;
-    return other ? "states()[0] is another state" : "states()[0] has other bits";
+    return "states()[0] is not state()";
   }
   const bool several_is_right = std::all_of(states.begin(), states.end(), [&](const State& s) {
     return s.several == (states.size() > 1);
@@ -108,9 +93,9 @@ double error(char letter, double back, double given) {
 }
 
 bool is_in_range(const State& s) {
-  constexpr double slack = 1e-9;
+  constexpr double slack = 1e-9, of_x = 1e-7;  // x has few digits beside the critical point
   return s.p >= 0.006112444 * (1 - slack) && s.p <= 1000 * (1 + slack) && s.t >= 0.01 - slack &&
-         s.t <= 800 + slack;
+         s.t <= 800 + slack && !(s.x < -of_x || s.x > 1 + of_x);
 }
 
 void check(const State& s, Pair pair, double first, double second, Answer& answer) {
@@ -138,17 +123,9 @@ const std::array<Property, steam::property_count> all_properties =
 const std::array<const char*, fault_count> fault_names{"refused", "ways",  "given", "misses",
                                                        "order",   "range", "lost",  "approximate"};
 
-double property(const State& state, Property which) {
-  switch (which) {
-    case Property::x:
-      return state.x;
-    case Property::surface_tension:
-      return state.surface_tension;
-    case Property::region:
-      return static_cast<double>(state.region);
-    default:
-      return state.*members[static_cast<std::size_t>(which)];
-  }
+double property(const State& s, Property which) {
+  const auto all = properties(s, s.x, s.surface_tension, static_cast<double>(s.region));
+  return all[static_cast<std::size_t>(which)];
 }
 
 bool same_bits(double a, double b) {
@@ -183,9 +160,6 @@ Answer asked(Pair pair, double first, double second) {
     // Of two on the two sides of a boundary another rule may say which is first.
     const bool by_rule = i == 0 || (i == 1 && before.region != s.region);
     answer.faults[order] |= !by_rule && !(by_t ? before.p < s.p : before.t > s.t);
-  }
-  if (state && !same_bits(*state, answer.states[0])) {
-    check(*state, pair, first, second, answer);
   }
   return answer;
 }

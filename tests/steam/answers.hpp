@@ -12,6 +12,14 @@ namespace answers {
 extern const std::array<steam::Pair, steam::pair_count> all_pairs;
 extern const std::array<steam::Property, steam::property_count> all_properties;
 
+/// One number of each property, in their order.
+using Properties = std::array<double, steam::property_count>;
+template <class... Number>
+Properties listed(Number... properties) {
+  static_assert(sizeof...(Number) == steam::property_count);
+  return {properties...};
+}
+
 double property(const steam::State& state, steam::Property which);
 
 /// Whether two numbers have the same bits, or are both not a number.

@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cfenv>
-#include <cstdint>
-#include <limits>
 #include <span>
 #include <vector>
 
@@ -20,41 +19,25 @@ namespace {
 
 using steam::Pair;
 
+/// Control bits and sticky flags.
+struct Environment {
+  int rounding = std::fegetround(), flags = std::fetestexcept(FE_ALL_EXCEPT), traps = fegetexcept();
 #if defined(__x86_64__) || defined(__i386__)
-/// Both units of x86: control bits and sticky flags.
-struct Environment {
-  std::uint16_t x87 = 0, x87_flags = 0;
-  unsigned sse = 0;
-  static Environment now() {
-    Environment e;
-    asm volatile("fnstcw %0" : "=m"(e.x87));
-    asm volatile("fnstsw %0" : "=m"(e.x87_flags));
-    e.x87_flags &= FE_ALL_EXCEPT;
-    e.sse = _mm_getcsr();
-    return e;
-  }
-  [[nodiscard]] Environment without_flags() const { return {x87, 0, sse & ~0x3FU}; }
-  bool operator==(const Environment&) const = default;
-};
+  unsigned short x87 = x87_control();
+  unsigned sse = _mm_getcsr() & ~0x3FU;
 
-void flush_to_zero() { _mm_setcsr(_mm_getcsr() | 0x8040); }  // and denormals are zero
-
-void set_precision(unsigned bits) {
-  std::uint16_t control = 0;
-  asm volatile("fnstcw %0" : "=m"(control));
-  control = static_cast<std::uint16_t>((control & ~0x300U) | bits);
-  asm volatile("fldcw %0" : : "m"(control));
-}
-#else
-struct Environment {
-  int rounding = 0, flags = 0, traps = 0;
-  static Environment now() {
-    return {std::fegetround(), std::fetestexcept(FE_ALL_EXCEPT), fegetexcept()};
+  static unsigned short x87_control() {
+    unsigned short control = 0;
+    asm volatile("fnstcw %0" : "=m"(control));
+    return control;
   }
-  [[nodiscard]] Environment without_flags() const { return {rounding, 0, traps}; }
-  bool operator==(const Environment&) const = default;
-};
+  static void set_precision(int bits) {
+    const auto control = static_cast<unsigned short>((x87_control() & ~0x300) | bits);
+    asm volatile("fldcw %0" : : "m"(control));
+  }
 #endif
+  bool operator==(const Environment&) const = default;
+};
 
 struct Host {
   const char* name;
@@ -68,100 +51,72 @@ const Host hosts[] {
       {"flags_raised", [] { std::feraiseexcept(FE_ALL_EXCEPT); }},
 #if defined(__x86_64__) || defined(__i386__)
       {"all_traps", [] { _mm_setcsr(_mm_getcsr() & ~(_MM_MASK_MASK & ~_MM_MASK_INEXACT)); }},
-      {"flush_to_zero", flush_to_zero}, {"single_precision", [] { set_precision(0x000); }},
-      {"double_precision", [] { set_precision(0x200); }},
+      {"flush_to_zero", [] { _mm_setcsr(_mm_getcsr() | 0x8040); }},  // and denormals are zero
+      {"single_precision", [] { Environment::set_precision(0x000); }},
+      {"double_precision", [] { Environment::set_precision(0x200); }},
 #endif
 };
 
-struct Rows {
-  std::vector<double> first, second;
-};
-
-/// States of every boundary, and values that are none.
-Rows rows_of(Pair pair) {
-  constexpr double inf = std::numeric_limits<double>::infinity();
-  Rows rows{{steam::missing, 1, -1, inf, 0, 5e-324}, {1, steam::missing, -1, 1, -inf, 5e-324}};
-  for (const auto& boundary : boundary_states::boundaries()) {
-    std::mt19937_64 random(67);
-    for (int i = 0; i < 12 && boundary_states::applies(pair, boundary); ++i) {
-      const auto origin = boundary.beside(random);
-      if (const auto state = steam::state(origin.pair, origin.first, origin.second)) {
-        const auto [first, second] = round_trips::given(pair, *state);
-        rows.first.push_back(first);
-        rows.second.push_back(second);
-      }
-    }
-  }
-  return rows;
-}
-
 /// All that the engine has to say about the rows.
 struct Told {
-  std::vector<steam::State> states;
-  std::vector<std::vector<double>> columns;
+  std::vector<double> numbers;
   std::vector<Environment> in_callbacks;
+
+  void add(const steam::State& state) {
+    for (const auto property : answers::all_properties) {
+      numbers.push_back(answers::property(state, property));
+    }
+  }
 };
 
-Told told_before(const Rows& rows) {  // with all its memory
-  Told told{{}, {2 * steam::property_count, std::vector<double>(rows.first.size())}, {}};
-  told.states.reserve(10 * rows.first.size());
-  told.in_callbacks.reserve(rows.first.size());
-  return told;
-}
-
-void ask(Pair pair, const Rows& rows, unsigned threads, Told& told) {
+Told told(Pair pair, const boundary_states::Rows& rows, unsigned threads) {
+  Told all;
   for (std::size_t i = 0; i < rows.first.size(); ++i) {
     if (const auto one = steam::state(pair, rows.first[i], rows.second[i])) {
-      told.states.push_back(*one);
+      all.add(*one);
     }
     for (const auto& state : steam::states(pair, rows.first[i], rows.second[i])) {
-      told.states.push_back(state);
+      all.add(state);
     }
     for (const auto property : answers::all_properties) {
-      told.columns[steam::property_count + static_cast<std::size_t>(property)][i] =
-          steam::value(pair, rows.first[i], rows.second[i], property);
+      all.numbers.push_back(steam::value(pair, rows.first[i], rows.second[i], property));
     }
   }
-  std::vector<std::span<double>> outputs(told.columns.begin(),
-                                         told.columns.begin() + steam::property_count);
-  const steam::Options options{.threads = threads, .chunk = 50, .progress = [&told](auto, auto) {
-                                 told.in_callbacks.push_back(Environment::now());
+  const std::size_t size = rows.first.size();
+  std::vector<double> columns(size * steam::property_count);
+  std::vector<std::span<double>> outputs;
+  for (std::size_t c = 0; c < steam::property_count; ++c) {
+    outputs.push_back(std::span(columns).subspan(c * size, size));
+  }
+  const steam::Options options{.threads = threads, .chunk = 50, .progress = [&](auto, auto) {
+                                 all.in_callbacks.push_back(Environment());
                                }};
   steam::evaluate(pair, rows.first, rows.second, answers::all_properties, outputs, {}, options);
-}
-
-bool same(const Told& a, const Told& b) {
-  bool is_same = a.states.size() == b.states.size();
-  for (std::size_t i = 0; is_same && i < a.states.size(); ++i) {
-    is_same = answers::same_bits(a.states[i], b.states[i]);
-  }
-  for (std::size_t c = 0; c < a.columns.size(); ++c) {
-    for (std::size_t i = 0; is_same && i < a.columns[c].size(); ++i) {
-      is_same = answers::same_bits(a.columns[c][i], b.columns[c][i]);
-    }
-  }
-  return is_same;
+  all.numbers.insert(all.numbers.end(), columns.begin(), columns.end());
+  return all;
 }
 
 class InHost : public testing::TestWithParam<Host> {};
 
 void check(const Host& host, Pair pair, unsigned threads) {
   SCOPED_TRACE(testing::Message() << round_trips::name(pair) << ", threads " << threads);
-  const Rows rows = rows_of(pair);
-  Told usual = told_before(rows), told = told_before(rows);
-  ask(pair, rows, threads, usual);
+  const auto rows = boundary_states::rows(pair, 12);
+  const Told usual = told(pair, rows, threads);
   std::fenv_t own;
   std::fegetenv(&own);
   std::feclearexcept(FE_ALL_EXCEPT);
   host.enter();
-  const Environment before = Environment::now();
-  ask(pair, rows, threads, told);
-  const Environment after = Environment::now();
+  const Environment before = Environment();
+  const Told here = told(pair, rows, threads);
+  const Environment after = Environment();
   std::fesetenv(&own);
-  EXPECT_TRUE(same(usual, told));
+  EXPECT_TRUE(std::equal(usual.numbers.begin(), usual.numbers.end(), here.numbers.begin(),
+                         here.numbers.end(),
+                         [](double a, double b) { return answers::same_bits(a, b); }));
   EXPECT_TRUE(before == after);
-  for (const Environment& in_callback : told.in_callbacks) {
-    EXPECT_TRUE(in_callback.without_flags() == before.without_flags());
+  for (Environment in_callback : here.in_callbacks) {
+    in_callback.flags = before.flags;
+    EXPECT_TRUE(in_callback == before);
   }
 }
 

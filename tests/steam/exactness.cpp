@@ -52,49 +52,32 @@ Properties of(const State& s) {
 }
 
 /// Every property, in their order.
-std::array<double, steam::property_count> expected(const State& s) {
+answers::Properties expected(const State& s) {
   const Properties e = of(s);
   const bool wet = is_wet(s.region);
   const auto unless_wet = [wet](double x) { return wet ? steam::missing : x; };
   const double viscosity = canonical::viscosity(s.v, s.t);
   const double conductivity = canonical::conductivity(s.v, s.t);
   const double w = e.speed_of_sound;
-  return {e.p,
-          s.t,
-          e.v,
-          e.h,
-          e.s,
-          e.u,
-          s.x,
-          1 / e.v,
-          e.cp,
-          unless_wet(e.cv),
-          unless_wet(w),
-          unless_wet(w * w / (1e5 * e.p * e.v)),
-          unless_wet(viscosity),
-          unless_wet(conductivity),
-          unless_wet(1000 * viscosity * e.cp / conductivity),
-          wet ? canonical::surface_tension(s.t) : steam::missing,
-          static_cast<double>(s.region)};
+  return answers::listed(
+      e.p, s.t, e.v, e.h, e.s, e.u, s.x, 1 / e.v, e.cp, unless_wet(e.cv), unless_wet(w),
+      unless_wet(w * w / (1e5 * e.p * e.v)), unless_wet(viscosity), unless_wet(conductivity),
+      unless_wet(1000 * viscosity * e.cp / conductivity),
+      wet ? canonical::surface_tension(s.t) : steam::missing, static_cast<double>(s.region));
 }
 
 /// Beside the critical point the compressibility grows, and what depends on it loses digits. At the
 /// lowest pressure saturated water is colder than the lowest temperature, which it then has.
 double tolerance(Property p, const State& s) {
   const double critical = 1 + (std::isnan(s.cp) ? 0 : std::abs(s.cp) / 10);
-  switch (p) {
-    case Property::cp:
-    case Property::prandtl:
-    case Property::cv:
-    case Property::speed_of_sound:
-    case Property::isentropic_exponent:
-      return 1e-9 * critical;
-    default:
-      return s.p < 0.0061124441                                     ? 3e-10
-             : std::abs(s.t - 374.15) < 0.2                         ? 1e-10
-             : s.region == Region::water || s.region == Region::wet ? 1e-11
-                                                                    : 3e-12;
-  }
+  const bool is_second_derivative = p == Property::cp || p == Property::prandtl ||
+                                    p == Property::cv || p == Property::speed_of_sound ||
+                                    p == Property::isentropic_exponent;
+  return is_second_derivative                                   ? 1e-9 * critical
+         : s.p < 0.0061124441                                   ? 3e-10
+         : std::abs(s.t - 374.15) < 0.2                         ? 1e-10
+         : s.region == Region::water || s.region == Region::wet ? 1e-11
+                                                                : 3e-12;
 }
 
 }  // namespace

@@ -40,7 +40,6 @@ TEST(Refusals, NameTheValueAndWhatIsAccepted) {
       {Pair::pu, Reason::value, 1, 4000,
        "internal energy 4000 is outside -1e-08 to 3663.477 kJ/kg"},
       {Pair::hs, Reason::no_state, 100, 9, "no state of the formulation has both values"},
-      {Pair::vu, Reason::no_state, 100, 100, "no state of the formulation has both values"},
       {Pair::sx, Reason::no_state, 9, 0.1, "no state of the formulation has both values"},
   };
   for (const Row& row : rows) {

@@ -51,9 +51,29 @@ Origin along(double p, double t, Random& random) {
                            : Origin{Pair::pt, p, beside(t, random)};
 }
 
-Origin along_saturation(double from, double to, Random& random) {
-  const double t = between(from, to, random);
-  return along(steam::saturation_by_temperature(t)->p, t, random);
+auto along_saturation(double from, double to) {
+  return [=](Random& random) {
+    const double t = between(from, to, random);
+    return along(steam::saturation_by_temperature(t)->p, t, random);
+  };
+}
+
+Origin along_boundary_line(Random& random) {
+  const double t = between(350, 590, random);
+  return along(canonical::boundary_line(t), t, random);
+}
+
+auto isotherm(double t, double p_low) {
+  return [=](Random& random) {
+    const double p = p_low > p_lowest ? between(p_low, p_highest, random) : any_pressure(random);
+    return Origin{Pair::pt, p, beside(t, random)};
+  };
+}
+
+auto isobar(double p) {
+  return [=](Random& random) {
+    return Origin{Pair::pt, beside(p, random), any_temperature(random)};
+  };
 }
 
 /// Both ends of the quality, and anything between them.
@@ -63,17 +83,30 @@ double any_quality(Random& random) {
   return choice == 0 ? small : choice == 1 ? 1 - small : between(0, 1, random);
 }
 
-Origin wet_between(double from, double to, Random& random) {
-  const double t = between(from, to, random);
-  const double x = any_quality(random);
-  return random() % 2 == 0 ? Origin{Pair::tx, t, x}
-                           : Origin{Pair::px, steam::saturation_by_temperature(t)->p, x};
+auto wet_between(double from, double to) {
+  return [=](Random& random) {
+    const double t = between(from, to, random), x = any_quality(random);
+    return random() % 2 == 0 ? Origin{Pair::tx, t, x}
+                             : Origin{Pair::px, steam::saturation_by_temperature(t)->p, x};
+  };
 }
 
 double near_critical(double value, Random& random) {
   const double off = by_magnitude(1e-13, 1e-3, random);
   return random() % 2 == 0 ? beside(value, random)
                            : value * (random() % 2 == 0 ? 1 - off : 1 + off);
+}
+
+Origin critical_point(Random& random) {
+  const double p = near_critical(p_critical, random);
+  return {Pair::pt, p, near_critical(t_critical, random)};
+}
+
+auto wet_at(Pair pair, double value, double (*close)(double, Random&) = beside) {
+  return [=](Random& random) {
+    const double first = close(value, random);
+    return Origin{pair, first, any_quality(random)};
+  };
 }
 
 Origin at_an_end(Random& random) {
@@ -102,7 +135,6 @@ bool is_original(const State& s, const State& original) {
 
 }  // namespace
 
-// NOLINTNEXTLINE(readability-function-size): a table
 const std::vector<Boundary>& boundaries() {
   static const std::vector<Boundary> all{
       {"water", false, anywhere<Region::water>},
@@ -111,74 +143,50 @@ const std::vector<Boundary>& boundaries() {
       {"hot water", false, anywhere<Region::hot_water>},
       {"wet steam", true, anywhere<Region::wet>},
       {"wet steam above 350 °C", true, anywhere<Region::wet_above_350>},
-      {"saturation line", false, [](Random& r) { return along_saturation(t_lowest, 350, r); }},
-      {"saturation of cold water", false,
-       [](Random& r) { return along_saturation(t_lowest, 12, r); }},
-      {"saturation above 350 °C", false,
-       [](Random& r) { return along_saturation(350, t_critical, r); }},
-      {"350 °C", false,
-       [](Random& r) {
-         return Origin{Pair::pt, any_pressure(r), beside(350, r)};
-       }},
-      {"boundary line", false,
-       [](Random& r) {
-         const double t = between(350, 590, r);
-         return along(canonical::boundary_line(t), t, r);
-       }},
-      {"590 °C", false,
-       [](Random& r) {
-         return Origin{Pair::pt, any_pressure(r), beside(590, r)};
-       }},
-      {"critical point", false,
-       [](Random& r) {
-         return Origin{Pair::pt, near_critical(p_critical, r), near_critical(t_critical, r)};
-       }},
-      {"critical isotherm", false,
-       [](Random& r) {
-         return Origin{Pair::pt, between(200, 1000, r), beside(t_critical, r)};
-       }},
-      {"critical isobar", false,
-       [](Random& r) {
-         return Origin{Pair::pt, beside(p_critical, r), any_temperature(r)};
-       }},
-      {"165.35 bar", false,
-       [](Random& r) {
-         return Origin{Pair::pt, beside(p_350, r), any_temperature(r)};
-       }},
+      {"saturation line", false, along_saturation(t_lowest, 350)},
+      {"saturation of cold water", false, along_saturation(t_lowest, 12)},
+      {"saturation above 350 °C", false, along_saturation(350, t_critical)},
+      {"350 °C", false, isotherm(350, p_lowest)},
+      {"boundary line", false, along_boundary_line},
+      {"590 °C", false, isotherm(590, p_lowest)},
+      {"critical point", false, critical_point},
+      {"critical isotherm", false, isotherm(t_critical, 200)},
+      {"critical isobar", false, isobar(p_critical)},
+      {"165.35 bar", false, isobar(p_350)},
       {"ends of the range", false, at_an_end},
-      {"wet, to 350 °C", true, [](Random& r) { return wet_between(t_lowest, 350, r); }},
-      {"wet, cold", true, [](Random& r) { return wet_between(t_lowest, 12, r); }},
-      {"wet, above 350 °C", true, [](Random& r) { return wet_between(350, t_critical, r); }},
-      {"wet, 350 °C", true,
-       [](Random& r) {
-         return Origin{Pair::tx, beside(350, r), any_quality(r)};
-       }},
-      {"wet, 165.35 bar", true,
-       [](Random& r) {
-         return Origin{Pair::px, beside(p_350, r), any_quality(r)};
-       }},
-      {"wet, critical point", true,
-       [](Random& r) {
-         return Origin{Pair::tx, near_critical(t_critical, r), any_quality(r)};
-       }},
-      {"wet, critical pressure", true,
-       [](Random& r) {
-         return Origin{Pair::px, near_critical(p_critical, r), any_quality(r)};
-       }},
-      {"wet, lowest temperature", true,
-       [](Random& r) {
-         return Origin{Pair::tx, beside(t_lowest, r), any_quality(r)};
-       }},
-      {"wet, lowest pressure", true,
-       [](Random& r) {
-         return Origin{Pair::px, beside(p_lowest, r), any_quality(r)};
-       }},
+      {"wet, to 350 °C", true, wet_between(t_lowest, 350)},
+      {"wet, cold", true, wet_between(t_lowest, 12)},
+      {"wet, above 350 °C", true, wet_between(350, t_critical)},
+      {"wet, 350 °C", true, wet_at(Pair::tx, 350)},
+      {"wet, 165.35 bar", true, wet_at(Pair::px, p_350)},
+      {"wet, critical point", true, wet_at(Pair::tx, t_critical, near_critical)},
+      {"wet, critical pressure", true, wet_at(Pair::px, p_critical, near_critical)},
+      {"wet, lowest temperature", true, wet_at(Pair::tx, t_lowest)},
+      {"wet, lowest pressure", true, wet_at(Pair::px, p_lowest)},
   };
   return all;
 }
 
 bool applies(Pair pair, const Boundary& boundary) {
   return pair == Pair::pt ? !boundary.is_wet : boundary.is_wet || round_trips::name(pair)[1] != 'x';
+}
+
+Rows rows(Pair pair, int count) {
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  Rows all{{steam::missing, 1, -1, infinity, 0, 5e-324},
+           {1, steam::missing, -1, 1, -infinity, 5e-324}};
+  for (const Boundary& boundary : boundaries()) {
+    Random random(67);
+    for (int i = 0; i < count && applies(pair, boundary); ++i) {
+      const auto [from, a, b] = boundary.beside(random);
+      if (const auto state = steam::state(from, a, b)) {
+        const auto [first, second] = round_trips::given(pair, *state);
+        all.first.push_back(first);
+        all.second.push_back(second);
+      }
+    }
+  }
+  return all;
 }
 
 answers::Answer asked_back(Pair pair, const State& original) {

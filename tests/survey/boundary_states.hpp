@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <random>
 #include <vector>
 
@@ -19,12 +20,18 @@ struct Origin {
 struct Boundary {
   const char* name;
   bool is_wet;
-  Origin (*beside)(std::mt19937_64& random);
+  std::function<Origin(std::mt19937_64& random)> beside;
 };
 const std::vector<Boundary>& boundaries();
 
 /// A state's pair given to the engine in every way; `lost` and `approximate` count here too.
 answers::Answer asked_back(steam::Pair pair, const steam::State& original);
+
+/// Columns of a pair's values: so many states of each boundary, and values that none has.
+struct Rows {
+  std::vector<double> first, second;
+};
+Rows rows(steam::Pair pair, int count);
 
 /// Whether states of that boundary have the pair.
 bool applies(steam::Pair pair, const Boundary& boundary);

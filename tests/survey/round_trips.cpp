@@ -12,27 +12,18 @@ using steam::Pair;
 using steam::Region;
 using steam::State;
 
-constexpr std::array<const char*, steam::pair_count> names{"pt", "px", "tx", "pv", "ph", "ps",
-                                                           "pu", "tv", "th", "tu", "ts", "sx",
-                                                           "hs", "us", "vh", "vs", "vu", "vx"};
+constexpr std::array names{"pt", "px", "tx", "pv", "ph", "ps", "pu", "tv", "th",
+                           "tu", "ts", "sx", "hs", "us", "vh", "vs", "vu", "vx"};
+static_assert(names.size() == steam::pair_count);
 
 double quantity(const State& s, char letter) {
-  switch (letter) {
-    case 'p':
-      return s.p;
-    case 't':
-      return s.t;
-    case 'v':
-      return s.v;
-    case 'h':
-      return s.h;
-    case 's':
-      return s.s;
-    case 'u':
-      return s.u;
-    default:
-      return s.x;
-  }
+  return letter == 'p'   ? s.p
+         : letter == 't' ? s.t
+         : letter == 'v' ? s.v
+         : letter == 'h' ? s.h
+         : letter == 's' ? s.s
+         : letter == 'u' ? s.u
+                         : s.x;
 }
 
 double between(double a, double b, std::mt19937_64& random) {

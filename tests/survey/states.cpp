@@ -17,6 +17,9 @@ constexpr double p_lowest = 0.006112444;
 constexpr double p_highest = 1000;
 constexpr double p_350 = 165.3512406;
 constexpr double p_critical = 221.2;
+constexpr double t_critical = 374.15;
+constexpr double v_critical = 0.00317;
+constexpr double to_critical_volume = 2;  // as the highest quality
 constexpr double single_phase = std::numeric_limits<double>::quiet_NaN();
 
 double between(double low, double high, double a) { return low + (high - low) * a; }
@@ -93,21 +96,29 @@ State wet_above_350_at(double t, double x) {
                      at_volume(3, ps, steam_volume3(ps, t), t), x);
 }
 
-State water_in(double p_low, double p_high, double t_low, double t_high, double a, double b) {
-  const double t = between(t_low, t_high, b);
-  return water_at(between(std::fmax(p_low, saturation_pressure(t)), p_high, a), t);
+/// Highest pressure of steam.
+double steam_limit(double t) {
+  return t <= 350 ? saturation_pressure(t) : t <= 590 ? line_pressure(t) : p_highest;
 }
 
-State near_critical_water(double a, double b, double p_high) {
-  const double t = between(350, 374.15, b);
-  const double p = between(saturation_pressure(t), p_high, a);
-  return at_volume(4, p, water_volume3(p, t), t);
+/// Quality of the critical volume.
+double dense_quality(double t) {
+  const double v_water = wet_at(t, 0).v;
+  return (v_critical - v_water) / (wet_at(t, 1).v - v_water);
 }
 
-State supercritical(double a, double b, double t_low, double t_high) {
-  const double t = between(t_low, t_high, b);
-  const double p = between(line_pressure(t), p_highest, a);
-  return at_volume(3, p, steam_volume3(p, t), t);
+/// @param a  places the pressure
+State single_phase_in(const Band& band, double t, double a) {
+  if (band.region == 2) {
+    return steam_at(between_logarithms(band.low, std::fmin(band.high, steam_limit(t)), a), t);
+  }
+  const double ps = t < t_critical ? saturation_pressure(t) : band.high;
+  if (band.region == 1) {
+    return water_at(between(std::fmax(band.low, ps), band.high, a), t);
+  }
+  const bool is_water = band.region == 4;
+  const double p = is_water ? between(ps, band.high, a) : between(line_pressure(t), ps, a);
+  return at_volume(band.region, p, is_water ? water_volume3(p, t) : steam_volume3(p, t), t);
 }
 
 }  // namespace
@@ -128,76 +139,29 @@ State state_at(int region, double first, double t) {
   }
 }
 
-const std::vector<Band>& bands() {  // NOLINT(readability-function-size): a table
+const std::vector<Band>& bands() {
   static const std::vector<Band> all{
-      {"water, to 10 °C", 1,
-       [](double a, double b) { return water_in(0, p_highest, 0.01, 10, a, b); }},
-      {"water, to 165.35 bar", 1,
-       [](double a, double b) { return water_in(0, p_350, 10, 350, a, b); }},
-      {"water, to 221.2 bar", 1,
-       [](double a, double b) { return water_in(p_350, p_critical, 10, 350, a, b); }},
-      {"water, above 221.2 bar", 1,
-       [](double a, double b) { return water_in(p_critical, p_highest, 10, 350, a, b); }},
-      {"steam, below 0.0611 bar", 2,
-       [](double a, double b) {
-         const double t = between(0.011, 350, b);
-         return steam_at(between_logarithms(p_lowest, std::fmin(0.0611, saturation_pressure(t)), a),
-                         t);
-       }},
-      {"steam, to 350 °C", 2,
-       [](double a, double b) {
-         const double t = between(37, 350, b);
-         return steam_at(between_logarithms(0.0612, saturation_pressure(t), a), t);
-       }},
-      {"steam, to 374.15 °C", 2,
-       [](double a, double b) {
-         const double t = between(350, 374.15, b);
-         return steam_at(between_logarithms(p_lowest, line_pressure(t), a), t);
-       }},
-      {"steam, to 590 °C", 2,
-       [](double a, double b) {
-         const double t = between(374.15, 590, b);
-         return steam_at(between_logarithms(p_lowest, line_pressure(t), a), t);
-       }},
-      {"steam, above 590 °C", 2,
-       [](double a, double b) {
-         return steam_at(between_logarithms(p_lowest, p_highest, a), between(590, 800, b));
-       }},
-      {"thin hot steam, entropy above 9.16", 2,
-       [](double a, double b) {
-         return steam_at(between_logarithms(p_lowest, 0.07, a), between(300, 800, b));
-       }},
-      {"near-critical steam, to 374.15 °C", 3,
-       [](double a, double b) {
-         const double t = between(350, 374.15, b);
-         const double p = between(line_pressure(t), saturation_pressure(t), a);
-         return at_volume(3, p, steam_volume3(p, t), t);
-       }},
-      {"supercritical, to 221.2 bar", 3,
-       [](double a, double b) {
-         const double t = between(374.15, 382.5, b);
-         const double p = between(line_pressure(t), p_critical, a);
-         return at_volume(3, p, steam_volume3(p, t), t);
-       }},
-      {"supercritical, to 400 °C", 3,
-       [](double a, double b) { return supercritical(a, b, 382.5, 400); }},
-      {"supercritical, to 590 °C", 3,
-       [](double a, double b) { return supercritical(a, b, 400, 590); }},
-      {"near-critical water, to 221.2 bar", 4,
-       [](double a, double b) { return near_critical_water(a, b, p_critical); }},
-      {"near-critical water, to 1000 bar", 4,
-       [](double a, double b) { return near_critical_water(a, b, p_highest); }},
-      {"wet, to 12 °C", 6, [](double a, double b) { return wet_at(between(0.011, 12, b), a); }},
-      {"wet, to 350 °C", 6, [](double a, double b) { return wet_at(between(12, 350, b), a); }},
-      {"wet, quality 0.4 to 0.6", 6,
-       [](double a, double b) { return wet_at(between(12, 350, b), between(0.4, 0.6, a)); }},
-      {"wet, above 350 °C", 5,
-       [](double a, double b) { return wet_above_350_at(between(350, 374.1, b), a); }},
-      {"wet, denser than 0.00317 m³/kg", 6,
-       [](double a, double b) {
-         const double t = between(12, 350, b);
-         return wet_at(t, a * (0.00317 - wet_at(t, 0).v) / (wet_at(t, 1).v - wet_at(t, 0).v));
-       }},
+      {"water, to 10 °C", 1, 0.01, 10, 0, p_highest},
+      {"water, to 165.35 bar", 1, 10, 350, 0, p_350},
+      {"water, to 221.2 bar", 1, 10, 350, p_350, p_critical},
+      {"water, above 221.2 bar", 1, 10, 350, p_critical, p_highest},
+      {"steam, below 0.0611 bar", 2, 0.011, 350, p_lowest, 0.0611},
+      {"steam, to 350 °C", 2, 37, 350, 0.0612, p_highest},
+      {"steam, to 374.15 °C", 2, 350, t_critical, p_lowest, p_highest},
+      {"steam, to 590 °C", 2, t_critical, 590, p_lowest, p_highest},
+      {"steam, above 590 °C", 2, 590, 800, p_lowest, p_highest},
+      {"thin hot steam, entropy above 9.16", 2, 300, 800, p_lowest, 0.07},
+      {"near-critical steam, to 374.15 °C", 3, 350, t_critical, 0, 0},
+      {"supercritical, to 221.2 bar", 3, t_critical, 382.5, 0, p_critical},
+      {"supercritical, to 400 °C", 3, 382.5, 400, 0, p_highest},
+      {"supercritical, to 590 °C", 3, 400, 590, 0, p_highest},
+      {"near-critical water, to 221.2 bar", 4, 350, t_critical, 0, p_critical},
+      {"near-critical water, to 1000 bar", 4, 350, t_critical, 0, p_highest},
+      {"wet, to 12 °C", 6, 0.011, 12, 0, 1},
+      {"wet, to 350 °C", 6, 12, 350, 0, 1},
+      {"wet, quality 0.4 to 0.6", 6, 12, 350, 0.4, 0.6},
+      {"wet, above 350 °C", 5, 350, 374.1, 0, 1},
+      {"wet, denser than 0.00317 m³/kg", 6, 12, 350, 0, to_critical_volume},
   };
   return all;
 }
@@ -205,7 +169,13 @@ const std::vector<Band>& bands() {  // NOLINT(readability-function-size): a tabl
 State state_in(const Band& band, int k) {
   // Multiples of the powers of the reciprocal plastic number, modulo 1.
   const auto part = [k](double step) { return std::fmod(0.5 + step * (k + 1), 1.0); };
-  return band.state(part(0.7548776662466927), part(0.5698402909980532));
+  const double a = part(0.7548776662466927);
+  const double t = between(band.t_low, band.t_high, part(0.5698402909980532));
+  if (band.region < 5) {
+    return single_phase_in(band, t, a);
+  }
+  const double high = band.high == to_critical_volume ? dense_quality(t) : band.high;
+  return state_at(band.region, between(band.low, high, a), t);
 }
 
 }  // namespace survey

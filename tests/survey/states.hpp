@@ -15,11 +15,12 @@ struct State {
 /// @param first  p in regions 1 and 2, v in 3 and 4, x in 5 and 6
 State state_at(int region, double first, double t);
 
-/// A part of the range in which the finders behave alike.
+/// A part of the range in which the finders behave alike: temperatures, and between the limits of
+/// its region pressures or qualities.
 struct Band {
   std::string name;
   int region;
-  State (*state)(double a, double b);  // spreads the states over the band, a and b in (0, 1)
+  double t_low, t_high, low, high;
 };
 
 const std::vector<Band>& bands();

@@ -31,37 +31,8 @@ extern "C" void __cyg_profile_func_exit(void* /*function*/, void* /*caller*/) {}
 namespace survey {
 namespace {
 
-/// One state placed.
-struct Trial {
-  bool placed_right;
-  Answer answer;
-  double error;
-};
-
 double relative(double found, double value, double scale) {
   return std::abs(found - value) / std::abs(scale);
-}
-
-Trial place(const Finder& finder, const State& state) {
-  const Answer answer = ask(finder, state);
-  return {answer.region == state.region, answer, error_of(state, answer)};
-}
-
-template <class Property>
-double share(const std::vector<Trial>& trials, Property property) {
-  const auto count = std::count_if(trials.begin(), trials.end(), property);
-  return static_cast<double>(count) / static_cast<double>(trials.size());
-}
-
-std::vector<double> sorted_errors(const std::vector<Trial>& trials) {
-  std::vector<double> errors;
-  for (const Trial& trial : trials) {
-    if (trial.placed_right) {
-      errors.push_back(trial.error);
-    }
-  }
-  std::sort(errors.begin(), errors.end());
-  return errors;
 }
 
 }  // namespace
@@ -104,39 +75,36 @@ Answer ask(const Finder& finder, const State& state) {
 }
 
 double error_of(const State& state, const Answer& answer) {
-  const double first = answer.first;
-  const double t = answer.t;
+  const auto [region, first, t, flagged, unconverged] = answer;
   if (std::isnan(first) || std::isnan(t)) {
     return HUGE_VAL;
   }
-  const double of_t = relative(t, state.t, state.t + 273.15);
-  switch (state.region) {
-    case 1:
-    case 2:
-      return std::max(of_t, relative(first, state.p, state.p));
-    case 3:
-    case 4:
-      return std::max(of_t, relative(first, state.v, state.v));
-    default:
-      return std::max(of_t, relative(first, state.x, 1));
-  }
+  const double of_first = state.region <= 2   ? relative(first, state.p, state.p)
+                          : state.region <= 4 ? relative(first, state.v, state.v)
+                                              : relative(first, state.x, 1);
+  return std::max(of_first, relative(t, state.t, state.t + 273.15));
 }
 
 Result place_all(const Finder& finder, const Band& band, int count) {
-  std::vector<Trial> trials;
-  trials.reserve(static_cast<std::size_t>(count));
+  std::vector<double> errors;
+  int flagged = 0, unconverged = 0;
   const long before = evaluations();
   for (int k = 0; k < count; ++k) {
-    trials.push_back(place(finder, state_in(band, k)));
+    const State state = state_in(band, k);
+    const Answer answer = ask(finder, state);
+    flagged += answer.flagged ? 1 : 0;
+    unconverged += answer.unconverged ? 1 : 0;
+    if (answer.region == state.region) {
+      errors.push_back(error_of(state, answer));
+    }
   }
-  const std::vector<double> errors = sorted_errors(trials);
+  const double evaluated_here = static_cast<double>(evaluations() - before);
+  std::sort(errors.begin(), errors.end());
   const double none = std::numeric_limits<double>::quiet_NaN();
-  return {share(trials, [](const Trial& t) { return t.placed_right; }),
-          errors.empty() ? none : errors[errors.size() / 2],
-          errors.empty() ? none : errors.back(),
-          share(trials, [](const Trial& t) { return t.answer.flagged; }),
-          share(trials, [](const Trial& t) { return t.answer.unconverged; }),
-          static_cast<double>(evaluations() - before) / count};
+  return {
+      static_cast<double>(errors.size()) / count, errors.empty() ? none : errors[errors.size() / 2],
+      errors.empty() ? none : errors.back(),      static_cast<double>(flagged) / count,
+      static_cast<double>(unconverged) / count,   evaluated_here / count};
 }
 
 }  // namespace survey

@@ -6,13 +6,6 @@
 
 #include "vek/vek.h"
 
-TEST(ModuleObject, IsThereFromLoadOn) {
-  const TModule* module = GetVekModule();
-  ASSERT_NE(module, nullptr);
-  EXPECT_STREQ(module->name, "VEK.DLL");
-  EXPECT_EQ(GetVekModule(), module);
-}
-
 TEST(ModuleObject, IsMadeAnewByEachEntryWhateverTheReason) {
   // Each stays reachable, as the module itself keeps only the newest.
   static std::array<const TModule*, 4> all{GetVekModule()};

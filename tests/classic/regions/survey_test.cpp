@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <fstream>
-#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -23,29 +23,19 @@ struct Recorded {
   survey::Result result;
 };
 
-/// not-a-number where the record has "nan": no state of that band is placed right
-double number(const std::string& text) { return std::stod(text); }
-
 std::vector<Recorded> recorded() {
   std::ifstream file(VEK_SURVEY);
   std::vector<Recorded> all;
   for (std::string line; std::getline(file, line);) {
     std::istringstream fields(line);
-    std::vector<std::string> f;
-    for (std::string field; std::getline(fields, field, ';');) {
-      f.push_back(field);
+    std::array<std::string, 8> f;
+    for (std::string& field : f) {
+      std::getline(fields, field, ';');
     }
-    all.push_back({f.at(0),
-                   f.at(1),
-                   {number(f.at(2)), number(f.at(3)), number(f.at(4)), number(f.at(5)),
-                    number(f.at(6)), number(f.at(7))}});
+    const auto number = [&f](std::size_t i) { return std::stod(f[i]); };  // "nan" is one
+    all.push_back({f[0], f[1], {number(2), number(3), number(4), number(5), number(6), number(7)}});
   }
   return all;
-}
-
-template <class Named>
-const Named& named(const std::vector<Named>& all, const std::string& name) {
-  return *std::find_if(all.begin(), all.end(), [&](const Named& n) { return n.name == name; });
 }
 
 /// One state may end its iteration elsewhere: the largest error may double, or stay at round-off.
@@ -71,8 +61,9 @@ TEST_P(Survey, IsAsRecorded) {
       continue;
     }
     SCOPED_TRACE(row.band);
-    const auto now =
-        survey::place_all(GetParam(), named(survey::bands(), row.band), states_per_band);
+    const auto band = std::find_if(survey::bands().begin(), survey::bands().end(),
+                                   [&row](const survey::Band& b) { return b.name == row.band; });
+    const auto now = survey::place_all(GetParam(), *band, states_per_band);
     EXPECT_NEAR(now.placed_right, row.result.placed_right, one_state);
     EXPECT_NEAR(now.flagged, row.result.flagged, one_state);
     EXPECT_NEAR(now.unconverged, row.result.unconverged, one_state);

@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <string>
+#include <utility>
 
 #include "classic/equations/routines.hpp"
 #include "support/diagnostic_lines.hpp"
@@ -17,41 +18,19 @@ constexpr double lowest = 0.006112444;
 }  // namespace
 
 TEST(SaturationTemperature, HasInclusiveLimits) {
-  struct Row {
-    double p;
-    const char* text;  // of the report; empty: within the limits
+  // The pressure as it is reported; empty: within the limits.
+  const std::pair<double, std::string> rows[] = {
+      {221.2, ""},  {up(221.2), "221.2"}, {lowest, ""},          {down(lowest), "0.00611244"},
+      {inf, "inf"}, {-inf, "-inf"},       {not_a_number, "nan"},
   };
-  const Row rows[] = {
-      {221.2, ""},
-      {down(221.2), ""},
-      {up(221.2), "221.2"},
-      {lowest, ""},
-      {up(lowest), ""},
-      {down(lowest), "0.00611244"},
-      {0, "0"},
-      {-1, "-1"},
-      {inf, "inf"},
-      {-inf, "-inf"},
-      {not_a_number, "nan"},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.p);
+  for (const auto& [p, text] : rows) {
+    SCOPED_TRACE(p);
     DiagnosticLines lines;
-    const double t = VEKQIT(row.p);
-    const std::string text = row.text;
+    const double t = VEKQIT(p);
     EXPECT_EQ(lines.take(),
               text.empty() ? "" : "** VEK-ERROR: 1  OUT OF RANGE IN VEKQIT,P= " + text + "\n");
-    EXPECT_EQ(ErrorCount, text.empty() ? 0 : 1);
-    if (!text.empty()) {
-      EXPECT_EQ(t, 0.01);
-    }
+    EXPECT_TRUE(text.empty() || t == 0.01);
   }
-}
-
-TEST(SaturationTemperature, ReturnsItsEndsExactly) {
-  EXPECT_EQ(VEKQIT(221.2), 374.15);
-  const double t = 0.01;
-  EXPECT_EQ(VEKQIT(VEKQPT(&t)), 0.01);
 }
 
 // The residual is tested to 1e-12 of the pressure; the width of the bracket to 1e-12 of its end.
@@ -62,4 +41,7 @@ TEST(SaturationTemperature, InvertsThePressure) {
     EXPECT_NEAR(VEKQPT(&t) / p, 1, 2e-12 * (1 + t / 10));
   }
   EXPECT_EQ(lines.take(), "");
+  EXPECT_EQ(VEKQIT(221.2), 374.15);
+  const double t = 0.01;
+  EXPECT_EQ(VEKQIT(VEKQPT(&t)), 0.01);
 }
