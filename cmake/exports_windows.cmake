@@ -3,14 +3,14 @@
 function(export_names target list)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${list})
   file(STRINGS ${list} names)
-  write_definitions(${target} ${target}.def "${names}")
+  get_target_property(library ${target} OUTPUT_NAME)
+  write_definitions(${target}.def ${library}.dll "${names}")
   link_as_windows_library(${target} ${target}.def)
 endfunction()
 
-function(write_definitions target file names)
-  get_target_property(library ${target} OUTPUT_NAME)
+function(write_definitions file library names)
   list(JOIN names "\n  " names)
-  file(CONFIGURE OUTPUT ${file} CONTENT "LIBRARY \"@library@.Dll\"\nEXPORTS\n  @names@\n" @ONLY)
+  file(CONFIGURE OUTPUT ${file} CONTENT "LIBRARY \"@library@\"\nEXPORTS\n  @names@\n" @ONLY)
 endfunction()
 
 function(link_as_windows_library target definitions)

@@ -6,9 +6,9 @@ file(STRINGS ${list} exports)
 set(finders ${exports})
 list(FILTER finders INCLUDE REGEX "^vekr")
 
-write_definitions(vek vek.def "${exports}")
+write_definitions(vek.def Vek.Dll "${exports}")
 list(TRANSFORM exports REPLACE "^(vek|vekr.._)$" "\\1 = extended_\\1")
-write_definitions(vek vek_link.def "${exports}")
+write_definitions(vek_link.def Vek.Dll "${exports}")
 link_as_windows_library(vek vek_link.def)
 
 list(TRANSFORM finders REPLACE "(.+)" "int extended_\\1(double* a, double* b, double* tol) {

@@ -24,7 +24,12 @@ int WINAPI keep(HWND owner, const char* text, const char* caption, unsigned styl
 }  // namespace
 
 // The slot of the import table through which MessageBoxA is called.
-extern "C" decltype(&keep) message_box_import asm("__imp__MessageBoxA@16");
+#ifdef _WIN64
+#define IMPORT_SLOT "__imp_MessageBoxA"
+#else
+#define IMPORT_SLOT "__imp__MessageBoxA@16"
+#endif
+extern "C" decltype(&keep) message_box_import asm(IMPORT_SLOT);
 decltype(&keep) message_box_import = keep;
 
 int main() {

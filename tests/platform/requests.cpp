@@ -2,11 +2,11 @@
 // finder on every state, called directly and through vek, in hexadecimal floating point.
 
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <string>
 
+#include "hexadecimal.hpp"
 #include "module.hpp"
 #include "states.hpp"
 
@@ -20,12 +20,7 @@ constexpr double untouched = -999;
 
 double quantity(const host::State& state, char letter) { return state[host::letters.find(letter)]; }
 
-/// To the last bit, the same way on every platform.
-void print(double x) {
-  std::array<char, 40> text{};
-  std::to_chars(text.data(), text.data() + text.size(), x, std::chars_format::hex);
-  std::printf(" %s", text.data());
-}
+void print(double x) { std::printf(" %s", host::hexadecimal(x).c_str()); }
 
 /// The region code and the evaluation pair that the finder leaves.
 void find(VekFinder finder, double a, double b) {

@@ -7,15 +7,30 @@ add_executable(platform_math_error_notice math_error_notice.cpp)
 target_link_libraries(platform_math_error_notice PRIVATE classic)
 add_test(NAME platform/math_error_notice COMMAND platform_math_error_notice)
 
-add_test(NAME platform/zip
-         COMMAND ${CMAKE_CPACK_COMMAND} --config ${PROJECT_BINARY_DIR}/CPackConfig.cmake
-                 -B ${CMAKE_CURRENT_BINARY_DIR}/zip)
-set_tests_properties(platform/zip PROPERTIES FIXTURES_SETUP zip)
-add_test(NAME platform/zip_contents
-         COMMAND ${Python3_EXECUTABLE} -c "
+# A host linked by the import libraries for Microsoft's linker.
+add_executable(platform_import_libraries import_libraries.c)
+target_include_directories(platform_import_libraries PRIVATE ${PROJECT_SOURCE_DIR}/include)
+target_link_libraries(platform_import_libraries PRIVATE ${PROJECT_BINARY_DIR}/Vek.lib
+                      ${PROJECT_BINARY_DIR}/vek-steam.lib)
+add_dependencies(platform_import_libraries microsoft_import_libraries)
+add_test(NAME platform/import_libraries COMMAND platform_import_libraries)
+
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+  add_test(NAME platform/zip
+           COMMAND ${CMAKE_CPACK_COMMAND} --config ${PROJECT_BINARY_DIR}/CPackConfig.cmake
+                   -B ${CMAKE_CURRENT_BINARY_DIR}/zip)
+  set_tests_properties(platform/zip PROPERTIES FIXTURES_SETUP zip)
+  set(libraries Vek.dll Vek.lib libVek.dll.a libvek-steam.dll.a vek-steam.def vek-steam.dll
+                vek-steam.lib vek.def)
+  list(TRANSFORM libraries PREPEND win32/ OUTPUT_VARIABLE win32)
+  list(TRANSFORM libraries PREPEND win64/ OUTPUT_VARIABLE win64)
+  add_test(NAME platform/zip_contents
+           COMMAND ${Python3_EXECUTABLE} -c "
 import sys, zipfile
-found = sorted(zipfile.ZipFile(sys.argv[1]).namelist())
+found = sorted(name for name in zipfile.ZipFile(sys.argv[1]).namelist() if name[-1] != '/')
 sys.exit(found != sorted(sys.argv[2:]) and found)"
-                 ${CMAKE_CURRENT_BINARY_DIR}/zip/Vek-${PROJECT_VERSION}-win32.zip
-                 README.txt Vek.dll libVek.dll.a vek.def vek.h)
-set_tests_properties(platform/zip_contents PROPERTIES FIXTURES_REQUIRED zip)
+                   ${CMAKE_CURRENT_BINARY_DIR}/zip/Vek-${PROJECT_VERSION}-windows.zip
+                   README.txt include/vek/steam.f90 include/vek/steam.h include/vek/steam.hpp
+                   include/vek/vek.f90 include/vek/vek.h include/vek/version.h ${win32} ${win64})
+  set_tests_properties(platform/zip_contents PROPERTIES FIXTURES_REQUIRED zip)
+endif()

@@ -22,7 +22,12 @@ struct Guarded : formulation::PublishedArithmetic {
   static double sqrt(double x) { return SafeSqrt(x); }
   template <int N>
   static double whole_power(double x) {
+#ifdef _WIN64
+    // The runtime multiplies whole powers out, each product rounded: in extended precision, then.
+    return static_cast<double>(std::pow(static_cast<long double>(x), static_cast<long double>(N)));
+#else
     return std::pow(x, double{N});
+#endif
   }
 };
 
