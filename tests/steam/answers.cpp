@@ -77,7 +77,7 @@ std::string difference_of_values(Pair pair, double first, double second, const R
 double rounding(const State& s, Pair pair) {
   const bool line = pair <= Pair::tv || pair == Pair::th;
   return s.p < 0.0061124441                           ? 3e-10
-         : pair == Pair::sx || pair == Pair::vx       ? 1e-9
+         : pair == Pair::sx || pair == Pair::vx       ? (s.t > 374.149 ? 1e-8 : 1e-9)
          : pair == Pair::hs || pair == Pair::us       ? 4e-11
          : !line || s.region == Region::wet_above_350 ? 1e-11
                                                       : 3e-12;

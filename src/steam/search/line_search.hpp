@@ -66,9 +66,7 @@ class PieceSearch {
       ends.add(End{point->site, excess(*point), border});
     }
     if (from.y.derivative * to.y.derivative < 0) {
-      const LinePoint turn = at(turn_between(from, to));
-      between(from, turn);
-      between(turn, to);
+      around_turn(from, to);
     } else {
       between(from, to);
     }
@@ -82,23 +80,64 @@ class PieceSearch {
   [[nodiscard]] double excess(const LinePoint& point) const {
     return point.y.value - target_.value;
   }
+  [[nodiscard]] double enough() const { return line_.slack(target_.q, target_.value); }
+  [[nodiscard]] bool is_end(const LinePoint& point) const {
+    return std::abs(excess(point)) <= enough();
+  }
 
+  /// Between two points with a turn between them: none, one or two solutions.
+  void around_turn(const LinePoint& a, const LinePoint& b) {
+    if (target_.known != nullptr && is_between(*target_.known, a, b)) {
+      beside_known(a, b);
+      return;
+    }
+    const bool at_an_end = is_end(a) || is_end(b);
+    const bool one = excess(a) * excess(b) < 0;
+    const bool turns_away = excess(a) * a.y.derivative * (b.coordinate - a.coordinate) > 0;
+    if (!at_an_end && (one || turns_away)) {
+      between(a, b);
+      return;
+    }
+    const LinePoint turn = at(turn_between(a, b));
+    between(a, turn);
+    between(turn, b);
+  }
+
+  /// The known solution and the one on the other side of the turn, if there is one.
+  void beside_known(const LinePoint& a, const LinePoint& b) {
+    solutions_.add(*target_.known);
+    LinePoint known = at(line_.coordinate(*target_.known));
+    const LinePoint& end = known.y.derivative * a.y.derivative > 0 ? b : a;
+    const double beyond = known.y.derivative * (end.coordinate - known.coordinate);
+    if (is_end(end)) {
+      solutions_.add(end.site);
+    } else if (beyond * excess(end) < 0) {
+      known.y.value = target_.value;
+      solutions_.add(solved(known, end));
+    }
+  }
+
+  /// Where the quantity turns, or any point where it has passed the wanted value.
   double turn_between(const LinePoint& a, const LinePoint& b) {
+    const double side = excess(is_end(a) ? b : a);
     const auto slope = [&](double c) {
-      return Slope{at(c).y.derivative, std::numeric_limits<double>::quiet_NaN()};
+      const LinePoint point = at(c);
+      const bool passed = excess(point) * side < 0 && !is_end(point);
+      return Slope{passed ? 0 : point.y.derivative, std::numeric_limits<double>::quiet_NaN()};
     };
-    const bool rises = (b.y.derivative > 0) == (b.coordinate > a.coordinate);
+    const double at_a = a.y.derivative, at_b = b.y.derivative;
+    const double start = a.coordinate + (b.coordinate - a.coordinate) * (at_a / (at_a - at_b));
+    const bool rises = (at_b > 0) == (b.coordinate > a.coordinate);
     constexpr Enough enough{.step = 1e-9, .noise = 0};
-    return root(slope, a.coordinate, b.coordinate, HUGE_VAL, rises, enough).x;
+    return root(slope, a.coordinate, b.coordinate, start, rises, enough).x;
   }
 
   /// The one solution between two points, if there is one: between them the quantity does not turn.
   void between(const LinePoint& a, const LinePoint& b) {
     const double at_a = excess(a), at_b = excess(b);
-    const double enough = line_.slack(target_.q, target_.value);
     if (const Site* known = target_.known; known != nullptr && is_between(*known, a, b)) {
       solutions_.add(*known);
-    } else if (std::abs(at_a) <= enough || std::abs(at_b) <= enough) {
+    } else if (is_end(a) || is_end(b)) {
       solutions_.add(std::abs(at_a) <= std::abs(at_b) ? a.site : b.site);
     } else if (at_a * at_b < 0) {
       solutions_.add(solved(a, b));
@@ -114,14 +153,16 @@ class PieceSearch {
   }
   static bool is_same_equation(Region a, Region b) { return a == b || (is_3(a) && is_3(b)); }
 
+  /// @param a  may be a solution itself, beyond which another is wanted
   Site solved(const LinePoint& a, const LinePoint& b) {
     const double at_a = excess(a), at_b = excess(b);
-    const double start = a.coordinate + (b.coordinate - a.coordinate) * (at_a / (at_a - at_b));
+    const double share = at_a == 0 ? 1 : at_a / (at_a - at_b);
+    const double start = a.coordinate + (b.coordinate - a.coordinate) * share;
     const auto f = [&](double c) {
       const LinePoint point = at(c);
       return Slope{excess(point), point.y.derivative};
     };
-    const bool rises = (at_b > at_a) == (b.coordinate > a.coordinate);
+    const bool rises = (at_b > 0) == (b.coordinate > a.coordinate);
     const Enough enough{.step = 3e-16, .noise = rounding(target_.q, target_.value)};
     return at(root(f, a.coordinate, b.coordinate, start, rises, enough).x).site;
   }

@@ -17,6 +17,9 @@ struct Enough {
   double noise = 0;
 };
 
+/// Where the bracket cannot get smaller than its relative size, at a root at zero, the end.
+constexpr int most_evaluations = 240;
+
 struct Root {
   double x;
   int evaluations;
@@ -39,31 +42,56 @@ struct RootBracket {
   }
 };
 
+/// Where the next step leads: along the slope, or where none is known along the secant through the
+/// point before.
+class Tangent {
+ public:
+  [[nodiscard]] double crossing(double x, Slope y) const {
+    const double secant = (y.value - last_value_) / (x - last_x_);
+    return x - y.value / (std::isnan(y.derivative) ? secant : y.derivative);
+  }
+  /// Whether a step of the wanted size is the last. A secant's is only from one as small as that
+  /// leaves its square.
+  [[nodiscard]] bool is_last(double x, Slope y, double share) const {
+    return !std::isnan(y.derivative) || std::abs(x - last_x_) <= std::sqrt(share) * std::abs(x);
+  }
+  void move(double x, Slope y) {
+    last_x_ = x;
+    last_value_ = y.value;
+  }
+
+ private:
+  double last_x_ = HUGE_VAL, last_value_ = 0;
+};
+
 /// The engine's only iteration of one variable: Newton steps from a start, halvings of the bracket
 /// where a step leaves it or is not much shorter than the one before.
-/// @param f      gives a Slope; without a slope it may give not-a-number there, and is halved only
+/// @param f      gives a Slope; where its derivative is not a number secants take its place
 /// @param a, b   bracket, in either order; f need not be known at its ends
 /// @param start  where to begin; the middle if it is outside the bracket
 /// @param rises  whether f rises from the lower end of the bracket to the upper one
-/// @note         at most about two evaluations for each halving of the bracket
+/// @note         at most 12 evaluations, and three for each halving of the bracket
 template <class F>
 [[nodiscard]] Root root(F&& f, double a, double b, double start, bool rises, Enough enough = {}) {
   const RootBracket whole(a, b);
   RootBracket bracket = whole;
+  Tangent tangent;
   double x = whole.has(start) ? start : whole.middle();
   double last_step = whole.high - whole.low;
-  constexpr int most_evaluations = 120;
+  int allowed = 12;
   for (int n = 1; n <= most_evaluations; ++n) {
     const Slope y = f(x);
     if (std::abs(y.value) <= enough.noise) {
       return {x, n, true};
     }
     bracket.narrow(x, (y.value < 0) == rises);
-    const double newton = x - y.value / y.derivative;
-    if (std::abs(newton - x) <= enough.step * std::abs(x)) {
+    const double newton = tangent.crossing(x, y);
+    if (std::abs(newton - x) <= enough.step * std::abs(x) && tangent.is_last(x, y, enough.step)) {
       return {whole.nearest(newton), n, true};
     }
-    const double next = bracket.next(newton, x, last_step);
+    tangent.move(x, y);
+    const double next = n < allowed ? bracket.next(newton, x, last_step) : bracket.middle();
+    allowed += next == newton ? 0 : 3;
     last_step = std::abs(next - x);
     x = next;
     if (last_step <= enough.step * std::abs(x)) {

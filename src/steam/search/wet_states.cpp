@@ -282,7 +282,7 @@ class Scan {
     const Ends at_low = tabulated_at(t_low);
     // A bracket may close on a jump.
     const auto found = [this](double t) {
-      constexpr double miss = 1e-9;
+      constexpr double miss = 1e-8;
       if (std::abs(target_.exact<HighSaturation>(t)) <= miss * target_.value) {
         add(t);
       } else {
