@@ -174,12 +174,14 @@ class PieceSearch {
 };
 
 /// Between two subregions that do not quite meet: the nearer end.
+/// @param rounding  by which an end may be off where its boundary runs along the line
 template <class List>
-void close_gap(const List& ends, Target target, Solutions& solutions) {
+void close_gap(const List& ends, Target target, double rounding, Solutions& solutions) {
   const End* below = nullptr;
   const End* above = nullptr;
   for (const End& end : ends) {
-    if (end.border == Border::range) {
+    // Above the jump of the saturated volumes wet states have no quality.
+    if (end.border == Border::range || std::isnan(end.excess)) {
       continue;
     }
     const End*& side = end.excess < 0 ? below : above;
@@ -193,7 +195,7 @@ void close_gap(const List& ends, Target target, Solutions& solutions) {
   const End& nearer = -below->excess < above->excess ? *below : *above;
   if (above->excess - below->excess <= misfit(target.q, target.value)) {
     solutions.add(nearer.site);
-    solutions.sites[0].approximate = true;
+    solutions.sites[0].approximate = std::abs(nearer.excess) > rounding;
   }
 }
 
@@ -223,7 +225,8 @@ Solutions along(Line& line, const Pieces& pieces, Target target) {
     line_search::PieceSearch(line, piece, target, solutions).run(ends);
   }
   if (solutions.sites.empty()) {
-    line_search::close_gap(ends, target, solutions);
+    const double rounding = 4 * line.slack(target.q, target.value);
+    line_search::close_gap(ends, target, rounding, solutions);
   }
   if (solutions.sites.empty()) {
     line_search::close_range(ends, line.end_slack(target.q, target.value), solutions);

@@ -13,12 +13,6 @@ LinePoint wet_point(double p, double t, double x, Quantity q) {
   return {x, at_quality(p, t, x), {ends.mixed(x), ends.vapour - ends.liquid}};
 }
 
-/// How v changes with t at constant pressure in subregion 3, as its inverse.
-double t_over_v(Variables x) {
-  const Sloped p = sloped_quantity(Region::dense_steam, Quantity::p, x);
-  return -p.over_1 / p.over_t;
-}
-
 }  // namespace
 
 Region region_of_dense(Region piece, double p, double v, double t) {
@@ -80,10 +74,11 @@ LinePoint Isobar::at(const Piece& piece, double c, Quantity q) {
   }
   const double t = dense_temperature(Quantity::p, p_, c, t_start_);
   t_start_ = t;
-  const Sloped y = sloped_quantity(piece.region, q, {c, t});
+  const auto [y, p] = sloped_quantities(piece.region, {c, t}, {q, Quantity::p});
+  const double t_over_v = -p.over_1 / p.over_t;
   return {c,
           at_volume(region_of_dense(piece.region, p_, c, t), p_, c, t),
-          {y.value, y.over_1 + y.over_t * t_over_v({c, t})}};
+          {y.value, y.over_1 + y.over_t * t_over_v}};
 }
 
 Pieces IsothermLine::pieces() const {
@@ -124,11 +119,11 @@ LinePoint IsothermLine::at(const Piece& piece, double c, Quantity q) const {
   if (is_wet(piece.region)) {
     return wet_point(saturation_pressure(t_), t_, c, q);
   }
-  const Sloped y = sloped_quantity(piece.region, q, {c, t_});
+  const auto [y, pressure] = sloped_quantities(piece.region, {c, t_}, {q, Quantity::p});
   if (!is_3(piece.region)) {
     return {c, at_pressure(piece.region, c, t_), {y.value, y.over_1}};
   }
-  const double p = std::min(pressure3(Dense::terms(c, t_)), p_highest);
+  const double p = std::min(pressure.value, p_highest);
   return {c, at_volume(region_of_dense(piece.region, p, c, t_), p, c, t_), {y.value, y.over_1}};
 }
 
@@ -141,8 +136,7 @@ LinePoint BoundaryLine::at(const Piece& piece, double c, Quantity q) const {
     return {c, at_pressure(piece.region, p, c), {y.value, y.over_1 * p_over_t + y.over_t}};
   }
   const double v = dense_volume(Region::dense_steam, p, c);
-  const Sloped y = sloped_quantity(piece.region, q, {v, c});
-  const Sloped p_here = sloped_quantity(piece.region, Quantity::p, {v, c});
+  const auto [y, p_here] = sloped_quantities(piece.region, {v, c}, {q, Quantity::p});
   const double v_over_t = (p_over_t - p_here.over_t) / p_here.over_1;
   return {c, at_volume(Region::dense_steam, p, v, c), {y.value, y.over_1 * v_over_t + y.over_t}};
 }

@@ -12,32 +12,40 @@ namespace steam {
 
 // How far inside its subregion a state must be for the quick search to be sure of it. Beside a
 // boundary another state may have the pair, since the equations of neighbouring subregions do not
-// quite meet.
+// quite meet; the neighbour is then asked too.
 
 /// How far on the other side of a boundary a state of the same pair may be: at 350 °C, K; at the
-/// boundary line, as a share of the pressure; beside saturated liquid, in quality.
+/// boundary line, as a share of the pressure; beside saturated liquid, in quality. And the share of
+/// the saturation pressure at 350 °C above it up to which three subregions may have a pair there.
 struct Overlap {
-  double kelvins, share, quality;
+  double kelvins, share, quality, corner;
 };
 
 /// With two values that are neither p nor t, whose lines run nearly along each other, overlaps are
-/// wider, above all with u and s.
+/// wider, above all with u and s. No isotherm crosses 350 °C.
 constexpr Overlap overlap_of(Pair pair) {
   switch (pair) {
+    case Pair::pt:
+      return {0, 0, 0, 0};
     case Pair::us:
-      return {2.5, 0.012, 3e-4};
+      return {2.5, 0.012, 3e-4, 0.15};
     case Pair::hs:
-      return {1, 0.008, 3e-4};
+      return {1, 0.008, 3e-4, 0.05};
     case Pair::pv:
-      return {0.5, 1.5e-3, 0};
+      return {0.5, 1.5e-3, 0, 0.02};
     default:
-      return {known_of(pair).first == Quantity::p ? 0.2 : 0.5, 1.5e-3, 0};
+      return {known_of(pair).first == Quantity::p   ? 0.2
+              : known_of(pair).first == Quantity::t ? 0
+                                                    : 0.5,
+              1.5e-3, 0, 0.02};
   }
 }
 
-/// Certainty of a state that lies inside its subregion.
+/// Certainty of a state that lies inside its subregion: that it counts before all others, and that
+/// there is no other, both but for those of the neighbour across a boundary, if that is near.
 struct Sure {
-  bool first, only;
+  bool first = false, only = false;
+  Region across = Region::none;
 };
 
 namespace margins {
@@ -54,50 +62,142 @@ inline bool is_in_range(double p, double t) {
          t < t_highest - t_doubt;
 }
 
+/// Beside a boundary: sure but for the neighbour.
+constexpr Sure but_for(Region neighbour) { return {true, true, neighbour}; }
+constexpr Sure all_sure{true, true}, only_first{true, false}, unsure{};
+
+/// Beside the end of the saturation line at 350 °C more than two subregions may have a pair.
+inline bool is_at_corner(double p, Overlap overlap) { return p < p_350 * (1 + overlap.corner); }
+
 /// Pressure and temperature in water; a given value may be just a limit.
 inline Sure of_water(const Site& site, Overlap overlap) {
-  const double doubt = overlap.quality > 0 ? 1e-2 : saturation_doubt;
-  const bool inside = site.t < t_350 - t_doubt &&
-                      site.p > tabulated_saturation_pressure(site.t) * (1 + saturation_doubt);
-  const bool alone = site.t < t_350 - overlap.kelvins &&
-                     site.p > tabulated_saturation_pressure(site.t) * (1 + doubt);
-  return {inside, inside && alone};
+  const double p_saturated = tabulated_saturation_pressure(site.t);
+  if (!(site.t < t_350 - t_doubt && site.p > p_saturated * (1 + saturation_doubt))) {
+    return unsure;
+  }
+  if (site.t >= t_350 - overlap.kelvins) {
+    return is_at_corner(site.p, overlap) ? only_first : but_for(Region::hot_water);
+  }
+  constexpr double beside_liquid = 1e-2;
+  const bool alone = overlap.quality == 0 || site.p > p_saturated * (1 + beside_liquid);
+  return alone ? all_sure : only_first;
 }
 
 inline Sure of_steam(const Site& site, Overlap overlap) {
   if (site.t > t_line_end + t_doubt) {
-    return {true, true};
+    return all_sure;
   }
   if (site.t <= t_350) {
     const bool inside = site.p < tabulated_saturation_pressure(site.t) * (1 - saturation_doubt);
-    return {inside, inside};
+    return inside ? all_sure : unsure;
   }
   const double p_line = line_pressure(site.t);
-  const bool inside = site.t < t_line_end && site.p < p_line * (1 - p_doubt);
-  return {inside, inside && site.p < p_line * (1 - overlap.share)};
+  if (!(site.t < t_line_end && site.p < p_line * (1 - p_doubt))) {
+    return unsure;
+  }
+  const bool alone = site.p < p_line * (1 - overlap.share);
+  const bool at_corner = site.t < t_350 + overlap.kelvins;
+  return alone ? all_sure : at_corner ? only_first : but_for(Region::dense_steam);
+}
+
+/// Whether a state of subregion 3 is surely outside the wet states.
+inline bool is_unsaturated(const Site& site) {
+  if (site.t > t_critical + t_doubt) {
+    return true;
+  }
+  const SaturatedVolumes v = rough_saturated_volumes(std::fmin(site.t, t_doubtful));
+  return site.v < v_critical ? site.v < v.liquid * (1 - volume_doubt)
+                             : site.v > v.vapour * (1 + volume_doubt);
 }
 
 inline Sure of_dense(const Site& site, Overlap overlap) {
-  bool inside = site.t > t_350 + overlap.kelvins && site.t < t_line_end &&
-                site.p > line_pressure(site.t) * (1 + overlap.share);
-  if (inside && site.t < t_critical + 1) {
-    const SaturatedVolumes v = rough_saturated_volumes(std::fmin(site.t, t_doubtful));
-    inside = site.region == Region::hot_water ? site.v < v.liquid * (1 - volume_doubt)
-                                              : site.v > v.vapour * (1 + volume_doubt);
+  const double p_line = line_pressure(site.t);
+  const bool inside = site.t > t_350 + (overlap.kelvins > 0 ? t_doubt : 0) &&
+                      site.t < t_line_end - t_doubt && site.p > p_line * (1 + p_doubt) &&
+                      is_unsaturated(site);
+  if (!inside) {
+    return unsure;
   }
-  return {inside, inside};
+  const bool at_350 = site.t < t_350 + overlap.kelvins;
+  const bool at_line = site.p < p_line * (1 + overlap.share);
+  if (at_350) {
+    return is_at_corner(site.p, overlap) ? unsure : but_for(Region::water);
+  }
+  return at_line ? but_for(Region::steam) : all_sure;
 }
 
+/// The certainty of a state of one phase by its equation.
+template <class Equation>
+Sure of(const Site& site, Overlap overlap) {
+  if (!is_in_range(site.p, site.t)) {
+    return unsure;
+  }
+  if constexpr (!Equation::by_pressure) {
+    return of_dense(site, overlap);
+  } else {
+    return site.region == Region::water ? of_water(site, overlap) : of_steam(site, overlap);
+  }
+}
+
+/// Qualities that no state of one phase can look like, whatever the equations miss each other by.
+inline bool is_amid(double x) {
+  constexpr double beside = 0.03;
+  return x > beside && x < 1 - beside;
+}
+
+/// Inside the wet states, whatever is beyond 350 °C.
 /// @param x  the quality, as good as the table
-inline Sure of_wet(const Site& site, double x, Overlap overlap) {
+inline bool is_wet_inside(double t, double x, Overlap overlap) {
   // Where the saturation line misses Clapeyron's equation by more than a pressure of water tells.
   constexpr double t_cold = 40;
-  const double least = site.t < t_cold ? overlap.quality + quality_doubt : quality_doubt;
-  const bool inside =
-      x > least && x < 1 - quality_doubt && site.t < t_doubtful && site.t > t_lowest + t_doubt;
-  const bool alone = std::abs(site.t - t_350) > overlap.kelvins;
-  const bool first = site.t <= t_350 - t_doubt || alone;
-  return {inside && first, inside && alone};
+  // So close to the critical point the two phases are told apart amid them only.
+  constexpr double t_merging = t_critical - 0.02;
+  const double least = t < t_cold ? overlap.quality + quality_doubt : quality_doubt;
+  const bool inside = x > least && x < 1 - quality_doubt;
+  return t > t_lowest + t_doubt && (t < t_doubtful ? inside : t < t_merging && is_amid(x));
+}
+
+/// A wet state of two values that are neither pressure nor temperature.
+inline Sure of_wet(double t, double x, Overlap overlap) {
+  if (!is_wet_inside(t, x, overlap)) {
+    return unsure;
+  }
+  const double past_350 = t - t_350;
+  if (std::abs(past_350) > overlap.kelvins) {
+    return all_sure;
+  }
+  if (is_amid(x) && std::abs(past_350) > t_doubt) {
+    return but_for(past_350 < 0 ? Region::wet_above_350 : Region::wet);
+  }
+  return past_350 < -t_doubt ? only_first : unsure;
+}
+
+/// One of a pressure or a temperature: its line does not cross 350 °C amid wet states.
+inline Sure of_wet_on_line(double t, double x, Overlap overlap) {
+  const bool beside_350 =
+      std::abs(t - t_350) < t_doubt || (t > t_350 && t < t_350 + overlap.kelvins);
+  return is_wet_inside(t, x, overlap) && (!beside_350 || is_amid(x)) ? all_sure : unsure;
+}
+
+/// Whether a neighbour has a state of a pair.
+enum class Presence : std::uint8_t { absent, present, doubtful };
+
+/// By what the neighbour's equation has, within its subregion or not.
+/// @param inside  whether that surely is inside the neighbour
+inline Presence presence(Region neighbour, const Site& site, bool inside) {
+  if (inside) {
+    return Presence::present;
+  }
+  const double past_line =
+      (site.p / line_pressure(site.t) - 1) * (neighbour == Region::steam ? 1 : -1);
+  const double past_350 = (site.t - t_350) * (rank(neighbour) < rank(Region::hot_water) ? 1 : -1);
+  // Farther beyond 350 °C the equation of subregion 3 has states of its own making.
+  constexpr double farthest = 0.25;  // K
+  const bool at_line = neighbour == Region::steam || neighbour == Region::dense_steam;
+  const bool absent =
+      at_line ? site.t < t_line_end && past_line > p_doubt
+              : past_350 > t_doubt && (neighbour == Region::water || past_350 < farthest);
+  return absent ? Presence::absent : Presence::doubtful;
 }
 
 }  // namespace margins

@@ -19,8 +19,7 @@ double along_line(const Sloped& q, const Sloped& own, bool over_z) {
 /// Wet state at t of a line of constant own value.
 LinePoint wet_point(Quantity own, double value, double t, Quantity q) {
   const SaturationPressure line = sloped_saturation_pressure(t);
-  const SlopedEnds first = sloped_saturated_ends(own, t, line);
-  const SlopedEnds second = sloped_saturated_ends(q, t, line);
+  const auto [first, second] = sloped_saturated_ends(own, q, t, line);
   const double x = first.value.quality(value);
   const double x_over_t = -first.slope.mixed(x) / (first.value.vapour - first.value.liquid);
   return {t,
@@ -71,8 +70,8 @@ LinePoint Isochore::at(const Piece& piece, double t, Quantity q) {
     return wet_point(own, value_, t, q);
   }
   if (is_3(piece.region)) {
-    const Sloped y = sloped_quantity(piece.region, q, {value_, t});
-    const double p = within_range(pressure3(Dense::terms(value_, t)));
+    const auto [y, pressure] = sloped_quantities(piece.region, {value_, t}, {q, Quantity::p});
+    const double p = within_range(pressure.value);
     return {t,
             at_volume(region_of_dense(piece.region, p, value_, t), p, value_, t),
             {y.value, y.over_t}};
@@ -87,8 +86,7 @@ LinePoint Isochore::at(const Piece& piece, double t, Quantity q) {
   const double p =
       root(excess, low, high, start, false, {.step = 3e-16, .noise = rounding(own, value_)}).x;
   p_start_ = p;
-  const Sloped y = sloped_quantity(piece.region, q, {p, t});
-  const Sloped v = sloped_quantity(piece.region, own, {p, t});
+  const auto [y, v] = sloped_quantities(piece.region, {p, t}, {q, own});
   return {t, at_pressure(piece.region, within_range(p), t), {y.value, along_line(y, v, false)}};
 }
 
@@ -99,9 +97,8 @@ LinePoint Isentrope::at(const Piece& piece, double c, Quantity q) {
   if (is_3(piece.region)) {
     const double t = dense_temperature(own, value_, c, t_start_);
     t_start_ = t;
-    const Sloped y = sloped_quantity(piece.region, q, {c, t});
-    const Sloped s = sloped_quantity(piece.region, own, {c, t});
-    const double p = within_range(pressure3(Dense::terms(c, t)));
+    const auto [y, s, pressure] = sloped_quantities(piece.region, {c, t}, {q, own, Quantity::p});
+    const double p = within_range(pressure.value);
     return {c,
             at_volume(region_of_dense(piece.region, p, c, t), p, c, t),
             {y.value, along_line(y, s, true)}};
@@ -115,8 +112,7 @@ LinePoint Isentrope::at(const Piece& piece, double c, Quantity q) {
   const double t =
       root(excess, low, high, t_start_, true, {.step = 3e-16, .noise = rounding(own, value_)}).x;
   t_start_ = t;
-  const Sloped y = sloped_quantity(piece.region, q, {p, t});
-  const Sloped s = sloped_quantity(piece.region, own, {p, t});
+  const auto [y, s] = sloped_quantities(piece.region, {p, t}, {q, own});
   return {c,
           at_pressure(piece.region, p, temperature_within_range(t)),
           {y.value, along_line(y, s, true) * p}};

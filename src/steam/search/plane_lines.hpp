@@ -37,9 +37,7 @@ class Isentrope {
   static double coordinate(const Site& site) {
     return is_wet(site.region) ? site.t : is_3(site.region) ? site.v : std::log(site.p);
   }
-  /// Along the boundary line the entropy hardly changes about its turns, so that its rounding moves a
-  /// crossing farther than elsewhere.
-  static double slack(Quantity q, double value) { return 20 * steam::slack(q, value); }
+  static double slack(Quantity q, double value) { return 5 * steam::slack(q, value); }
   /// Where a line ends, its own value's rounding moves the end along the limit: in cold water by
   /// far more than the other value's rounding.
   static double end_slack(Quantity q, double value) { return 250 * steam::slack(q, value); }

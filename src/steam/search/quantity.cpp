@@ -9,6 +9,17 @@ Sloped sloped_quantity(Region region, Quantity q, Variables x) {
   });
 }
 
+void sloped_quantities(Region region, Variables x, std::span<const Quantity> wanted,
+                       std::span<Sloped> out) {
+  with_equation(region, [&]<class Equation>() {
+    const auto terms = Equation::terms(x.z, x.t);
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+      out[i] = with_quantity(wanted[i],
+                             [&]<Quantity Q>() { return sloped<Equation, Q>(terms, x.z, x.t); });
+    }
+  });
+}
+
 double quantity(const Site& site, Quantity q) {
   switch (q) {
     case Quantity::p:

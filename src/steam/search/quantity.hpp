@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+#include <span>
+
 #include "steam/equations/slopes.hpp"
 #include "steam/search/saturated.hpp"
 
@@ -37,7 +40,19 @@ decltype(auto) with_quantity(Quantity q, F&& f) {
   }
 }
 
-/// A quantity and its slopes where both the region and the quantity are known only at run time.
+/// Quantities and their slopes from one evaluation, where the region and the quantities are known
+/// only at run time.
+void sloped_quantities(Region region, Variables x, std::span<const Quantity> wanted,
+                       std::span<Sloped> out);
+
+template <std::size_t count>
+std::array<Sloped, count> sloped_quantities(Region region, Variables x,
+                                            const Quantity (&wanted)[count]) {
+  std::array<Sloped, count> out{};
+  sloped_quantities(region, x, wanted, out);
+  return out;
+}
+/// One alone, without the terms that only others need.
 Sloped sloped_quantity(Region region, Quantity q, Variables x);
 
 /// A quantity of any state.

@@ -33,9 +33,13 @@ SlopedEnds sloped_ends_of(const Saturation& s, Quantity q, double p_over_t) {
 
 }  // namespace
 
-SlopedEnds sloped_saturated_ends(Quantity q, double t, const SaturationPressure& line) {
-  return t <= t_350 ? sloped_ends_of(LowSaturation(t, line.p), q, line.over_t)
-                    : sloped_ends_of(HighSaturation(t, line.p), q, line.over_t);
+std::array<SlopedEnds, 2> sloped_saturated_ends(Quantity first, Quantity second, double t,
+                                                const SaturationPressure& line) {
+  const auto both = [&](const auto& saturation) {
+    return std::array{sloped_ends_of(saturation, first, line.over_t),
+                      sloped_ends_of(saturation, second, line.over_t)};
+  };
+  return t <= t_350 ? both(LowSaturation(t, line.p)) : both(HighSaturation(t, line.p));
 }
 
 Ends saturated_ends(Quantity q, double t, double p) {

@@ -63,8 +63,9 @@ class HighSaturation {
 /// A quantity of the saturated states at t, any quantity but p, t and x.
 Ends saturated_ends(Quantity q, double t, double p);
 
-/// With the slopes along the saturation line, any quantity but x.
-SlopedEnds sloped_saturated_ends(Quantity q, double t, const SaturationPressure& line);
+/// Two quantities with the slopes along the saturation line, any but x.
+std::array<SlopedEnds, 2> sloped_saturated_ends(Quantity first, Quantity second, double t,
+                                                const SaturationPressure& line);
 
 /// A wet site whose quality was left to follow from its quantity, with the quality.
 Site with_quality(Site site);

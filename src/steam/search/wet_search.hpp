@@ -50,8 +50,10 @@ inline bool is_promising(const SaturatedBand& band, double r, double x) {
 /// The solution on the table, by Newton's iteration over the table's variable.
 template <Quantity A, Quantity B>
 Start tabulated(const SaturatedBand& band, double a, double b, double t) {
-  const double r_least = std::fmax(band.origin - 0.1, 0.01);
-  const double r_most = band.origin + band.cells / band.scale + 0.1;
+  // Beyond 350 °C by what overlaps need.
+  constexpr double beyond_band = 0.3;
+  const double r_least = std::fmax(band.origin - beyond_band, 0.01);
+  const double r_most = band.origin + band.cells / band.scale + beyond_band;
   double r = root_of(t);
   constexpr int most_steps = 10;
   for (int n = 0; n < most_steps; ++n) {

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "steam/search/margins.hpp"
+#include "steam/search/quick.hpp"
+#include "steam/search/several.hpp"
+#include "steam/search/wet_search.hpp"
+
+namespace steam {
+
+// The quick search in wet states.
+
+/// A wet state of a pressure or a temperature, at once; its quality is left to whoever wants it.
+template <Pair P>
+Quick wet_on_line(double a, double b) {
+  constexpr Quantity q = known_of(P).second;
+  constexpr bool by_pressure = known_of(P).first == Quantity::p;
+  Quick quick;
+  if (a >= (by_pressure ? p_critical : t_critical)) {
+    return quick;
+  }
+  const double t = by_pressure ? saturation_temperature(a) : a;
+  const double x = TabulatedSaturation(t).ends<q>().quality(b);
+  Sure sure = margins::of_wet_on_line(t, x, overlap_of(P));
+  if (!sure.first) {
+    return quick;
+  }
+  sure = among_several<P>(t <= t_350 ? Region::wet : Region::wet_above_350, t, x, false, sure);
+  quick.site = at_quality(by_pressure ? saturated_pressure(a) : saturation_pressure(t), t, missing);
+  quick.site.given = q;
+  quick.site.value = b;
+  quick.is_first = sure.first;
+  quick.is_only = sure.only;
+  return quick;
+}
+
+namespace wet {
+
+/// The wet state of one band of the table, of region none when it does not converge.
+template <Pair P>
+Site in_band(Region region, double a, double b, double t_start) {
+  constexpr Known k = known_of(P);
+  return region == Region::wet
+             ? wet_search<k.first, k.second, LowSaturation>(a, b, t_start, region)
+             : wet_search<k.first, k.second, HighSaturation>(a, b, t_start, region);
+}
+
+/// Whether the other band has a state of the pair, first by its table.
+template <Pair P>
+margins::Presence other_band(Region across, double a, double b, double t_start, Site& site) {
+  constexpr Known k = known_of(P);
+  const SaturatedBand& band = across == Region::wet ? saturated_to_350 : saturated_above_350;
+  const Start start = tabulated<k.first, k.second>(band, a, b, t_start);
+  constexpr double beyond = 0.01;  // K
+  const double past = across == Region::wet ? start.t - t_350 : t_350 - start.t;
+  if (past > beyond && margins::is_amid(start.x)) {
+    return margins::Presence::absent;
+  }
+  site = in_band<P>(across, a, b, t_start);
+  const bool inside = site && (site.t <= t_350) == (across == Region::wet) &&
+                      margins::of_wet(site.t, site.x, overlap_of(P)).across != Region::none;
+  return inside ? margins::Presence::present : margins::Presence::doubtful;
+}
+
+}  // namespace wet
+
+/// A wet state of two values that both depend on temperature and quality.
+template <Pair P>
+Quick wet_in_plane(Region region, double a, double b, double t_start) {
+  Quick quick;
+  const Site site = wet::in_band<P>(region, a, b, t_start);
+  if (!site || (region == Region::wet) != (site.t <= t_350)) {
+    return quick;
+  }
+  const Sure sure = margins::of_wet(site.t, site.x, overlap_of(P));
+  quick.site = site;
+  quick.is_first = sure.first;
+  quick.is_only = sure.only;
+  if (sure.across != Region::none) {
+    Site there;
+    const auto presence = wet::other_band<P>(sure.across, a, b, site.t, there);
+    quick.is_first = presence != margins::Presence::doubtful || region == Region::wet;
+    quick.is_only = presence == margins::Presence::absent;
+    if (presence == margins::Presence::present && region == Region::wet_above_350) {
+      quick.site = there;
+    }
+  }
+  return quick;
+}
+
+}  // namespace steam
