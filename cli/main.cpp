@@ -1,58 +1,93 @@
-#include <CLI/CLI.hpp>
-#include <iostream>
+#include <fmt/core.h>
+#include <unistd.h>
 
-#include "pairs.hpp"
+#include <array>
+#include <exception>
+
+#include "command.hpp"
+#include "failure.hpp"
+#include "help.hpp"
+#include "output.hpp"
+#include "properties.hpp"
 #include "state_command.hpp"
 #include "vek/version.h"
 
+namespace command {
 namespace {
 
-constexpr int wrong_usage = 2;
+constexpr std::array<Define, 1> commands{define_states};
+
+constexpr const char* description =
+    "Properties of water and steam on the 1967 industrial formulation (IFC-67).";
 
 constexpr const char* footer =
-    "Properties: P pressure (bar), T temperature (°C), V specific volume (m³/kg),\n"
-    "H enthalpy (kJ/kg), S entropy (kJ/(kg K)), X quality (0 to 1), CP isobaric heat\n"
-    "capacity (kJ/(kg K)), DV dynamic viscosity (Pa·s), TC thermal conductivity (kW/(m K)).\n"
-    "Exit status: 0 clean, 1 error flag raised or a value missing, 2 wrong usage.\n"
-    "Examples: vek pt 10 100          everything at 10 bar and 100 °C\n"
-    "          vek px 10 0.5 T,H,S    three properties of wet steam";
+    "\nValues may carry a unit: vek pt 145psi 212degF, vek ph 10MPa 1400Btu/lb.\n"
+    "\n"
+    "Exit status: 0 success; 1 no such state, a failed row, a difference;\n"
+    "2 wrong usage; 3 a file or standard output cannot be read or written.\n"
+    "\n"
+    "Examples:\n"
+    "  vek pt 100 540             all properties of steam at 100 bar and 540 °C\n"
+    "  vek ph 100 3000 t,s        two of them, from pressure and enthalpy\n"
+    "  vek tx 100 0.9             wet steam of quality 0.9 at 100 °C";
 
-void define(CLI::App& app, command::StateOptions& options) {
-  app.footer(footer);
-  app.set_version_flag("--version", "vek " VEK_VERSION);
-  app.add_option("PAIR", options.pair, "the known properties: two of p, t, v, h, s, u, x, as in ph")
-      ->required()
-      ->check(CLI::IsMember(command::pair_names()));
-  app.add_option("A", options.first, "value of the first")->required();
-  app.add_option("B", options.second, "value of the second")->required();
-  app.add_option("LIST", options.list, "properties, such as H,S; all when left out")
-      ->check(CLI::Validator(command::check_list, ""));
+void define(CLI::App& app, Run& run) {
+  app.require_subcommand(1);
+  app.set_help_flag("-h,--help", "print this");
+  app.set_version_flag("--version", std::string("vek ") + vek_steam_version(), "print the version");
+  app.formatter(std::make_shared<Help>());
+  for (const Define define : commands) {
+    define(app, run);
+  }
+  app.footer("Properties, as in LIST:\n" + property_help() + footer);
+}
+
+/// One line for what the parser refuses.
+std::string explained(const CLI::App& app, const CLI::ParseError& error) {
+  const auto chosen = app.get_subcommands();
+  const std::string name = chosen.empty() ? "" : " " + chosen[0]->get_name();
+  const std::vector<std::string> rest = app.remaining(true);
+  const std::string what =
+      name.empty() && !rest.empty()
+          ? fmt::format("'{}' is neither a pair of properties nor a command", rest[0])
+          : error.what();
+  return fmt::format("{}; 'vek{} --help' tells more", what, name);
 }
 
 int run(int argc, char** argv) {
-  CLI::App app("Properties of water and steam on the 1967 industrial formulation (IFC-67)", "vek");
-  command::StateOptions options;
-  define(app, options);
+  CLI::App app(description, "vek");
+  Run run;
+  define(app, run);
   try {
     app.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    print(help_of(app));
+    return success;
+  } catch (const CLI::CallForVersion& version) {
+    print(version.what() + std::string("\n"));
+    return success;
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : wrong_usage;
+    throw Failure(wrong_usage, explained(app, error));
   }
-  if (const std::string wrong = command::check_known(options.pair, options.first, options.second);
-      !wrong.empty()) {
-    std::cerr << "vek: " << wrong << '\n';
-    return wrong_usage;
-  }
-  return command::show_state(options);
+  return run();
 }
 
 }  // namespace
+}  // namespace command
 
 int main(int argc, char** argv) {
+  command::Status status = command::unusable;
+  std::string line;
   try {
-    return run(argc, argv);
+    command::prepare_streams();
+    return command::run(argc, argv);
+  } catch (const command::Failure& failure) {
+    status = failure.status();
+    line = failure.what();
   } catch (const std::exception& error) {
-    std::cerr << "vek: " << error.what() << '\n';
-    return wrong_usage;
+    line = error.what();
   }
+  fmt::print(stderr, "{}vek:{} {}\n", command::is_coloured(STDERR_FILENO) ? "\033[31m" : "",
+             command::is_coloured(STDERR_FILENO) ? "\033[0m" : "", line);
+  return status;
 }

@@ -1,241 +1,154 @@
 #include "state_command.hpp"
 
 #include <fmt/core.h>
-#include <fmt/ranges.h>
+#include <unistd.h>
 
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <cstdio>
-#include <iostream>
-#include <limits>
-#include <map>
-#include <vector>
+#include <memory>
 
-#include "classic/frame/diagnostics.hpp"
-#include "classic/regions/region.hpp"
-#include "pairs.hpp"
+#include "classic_sheet.hpp"
+#include "failure.hpp"
+#include "output.hpp"
+#include "properties.hpp"
+#include "state_sheet.hpp"
+#include "unit_options.hpp"
 
 namespace command {
 namespace {
 
-struct Quantity {
-  const char* item;
-  const char* name;
-  const char* unit;
-  bool refused_when_wet = false;
-};
-constexpr std::array<Quantity, 9> quantities{{
-    {"P", "pressure", "bar"},
-    {"T", "temperature", "°C"},
-    {"V", "specific volume", "m³/kg"},
-    {"H", "enthalpy", "kJ/kg"},
-    {"S", "entropy", "kJ/(kg K)"},
-    {"X", "quality", ""},
-    {"CP", "isobaric heat capacity", "kJ/(kg K)", true},
-    {"DV", "dynamic viscosity", "Pa·s", true},
-    {"TC", "thermal conductivity", "kW/(m K)", true},
-}};
-
-using Items = std::vector<std::string>;
-
-Items all_items() {
-  Items items;
-  items.reserve(quantities.size());
-  for (const Quantity& q : quantities) {
-    items.emplace_back(q.item);
-  }
-  return items;
-}
-
-Items split(const std::string& list) {
-  Items items(1);
-  for (const char c : list) {
-    if (c == ',' || c == '.' || c == ' ') {
-      items.emplace_back();
-    } else {
-      items.back() += c;
-    }
-  }
-  if (items.back().empty()) {
-    items.pop_back();  // a closing separator ends the list
-  }
-  return items;
-}
-
-const Quantity* quantity_of(const std::string& item) {
-  const auto found = std::find_if(quantities.begin(), quantities.end(),
-                                  [&](const Quantity& q) { return q.item == item; });
-  return found == quantities.end() ? nullptr : &*found;
-}
-
-const char* in_words(int region) {
-  switch (region) {
-    case classic::water:
-      return "water (subregion 1)";
-    case classic::steam:
-      return "steam (subregion 2)";
-    case classic::steam_side_3:
-      return "near-critical or supercritical steam (subregion 3)";
-    case classic::water_side_3:
-      return "near-critical water (subregion 3)";
-    case classic::wet_above_350:
-      return "wet steam above 350 °C (subregion 3)";
-    case classic::wet:
-      return "wet steam (subregions 1 and 2)";
-    default:
-      return "no state can be placed";
-  }
-}
-
-const char* flag_in_words(int flag) {
-  return flag == 1 ? "a floating-point fault, or a function argument out of its domain"
-                   : "a diagnostic was written";
-}
-
-/// The module leaves slots without a value as they are: a slot that still holds this has none.
-constexpr double untouched = -std::numeric_limits<double>::max();
-
-/// Where the module refuses a heat capacity, viscosity or conductivity it gives 0.
-bool has_value(const Quantity& q, double value) {
-  const bool refused = value == 0 && q.refused_when_wet;
-  return value != untouched && !refused;
-}
-
-int region_of(const StateOptions& options) {
-  double a = options.first;
-  double b = options.second;
-  double tolerance = 1e-8;
-  return pair_named(options.pair).finder(&a, &b, &tolerance);
-}
-
-/// The diagnostic lines of the module go to standard error while this lives.
-class ShownDiagnostics {
- public:
-  ShownDiagnostics() { stream().rdbuf(std::cerr.rdbuf()); }
-  ShownDiagnostics(const ShownDiagnostics&) = delete;
-  ShownDiagnostics& operator=(const ShownDiagnostics&) = delete;
-  ~ShownDiagnostics() { stream().rdbuf(nullptr); }
-
- private:
-  static std::ios& stream() { return static_cast<std::ios&>(classic::ErrorStream); }
+/// What `vek PAIR A B [LIST]` was asked.
+struct StateOptions {
+  steam::Pair pair{};
+  std::string first, second;  ///< in the pair's order
+  std::string list;           ///< empty: everything
+  UnitOptions units{};
+  SheetFormat format{};
+  bool all = false, classic = false, compare = false;
 };
 
-/// Values of the items, from a request of their own.
-std::vector<double> silently(const StateOptions& options, const Items& items) {
-  std::vector<double> values(items.size(), untouched);
-  const std::string list = fmt::format("{} ", fmt::join(items, ","));
-  vek(pair_named(options.pair).finder, &options.first, &options.second, list.c_str(),
-      values.data());
-  return values;
+double read(const Units& units, steam::Property property, const std::string& text) {
+  try {
+    return units.read(property, text);
+  } catch (const Failure& failure) {
+    throw Failure(failure.status(),
+                  fmt::format("{}: {}", steam::info(property).name, failure.what()));
+  }
 }
 
-std::vector<double> request(const StateOptions& options, const Items& items) {
-  const ShownDiagnostics shown;
-  return silently(options, items);
+Given given_of(const StateOptions& options, const Units& units) {
+  const steam::PairInfo info = steam::info(options.pair);
+  return {options.pair, read(units, info.first, options.first),
+          read(units, info.second, options.second)};
 }
 
-void print_line(const std::string& item, const char* name, const std::string& value,
-                const char* unit) {
-  fmt::print("{:<3} {:<23} {}{}{}\n", item, name, value, *unit != 0 ? " " : "", unit);
-}
-
-void print_value(const std::string& item, const char* name, double value, const char* unit) {
-  print_line(item, name, fmt::format("{:>18.10g}", value), unit);
-}
-
-/// Prints each item; says on standard error which have no value.
-/// @return whether all have one
-bool print_items(const Items& items, const std::vector<double>& values) {
-  bool complete = true;
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    const Quantity& q = *quantity_of(items[i]);
-    if (!has_value(q, values[i])) {
-      print_line(q.item, q.name, fmt::format("{:>18}", "-"), "");
-      fmt::print(stderr, "vek: {} ({}) has no value in this region\n", q.item, q.name);
-      complete = false;
-    } else {
-      print_value(q.item, q.name, values[i], q.unit);
+std::vector<Sheet> sheets_of(const StateOptions& options, const Given& given,
+                             const std::vector<steam::Property>& wanted, const Units& units) {
+  std::vector<Sheet> sheets;
+  const steam::State first = state_or_failure(given, units);
+  if (!options.all) {
+    return {sheet_of(first, given, wanted, units)};
+  }
+  const steam::Results states = steam::states(given.pair, given.first, given.second);
+  for (const steam::State& state : states) {
+    Sheet sheet = sheet_of(state, given, wanted, units);
+    if (states.size() > 1) {
+      sheet.notes.erase(sheet.notes.begin());  // that there are several
+      sheet.title = fmt::format("{} ({} of {})", sheet.title, sheets.size() + 1, states.size());
     }
+    sheets.push_back(sheet);
   }
-  return complete;
+  return sheets;
 }
 
-/// What the module has no list item for.
-/// @param values  of all items
-void print_derived(const std::vector<double>& values) {
-  const double p = values[0];
-  const double v = values[2];
-  const double h = values[3];
-  print_value("", "internal energy", h - 100 * p * v, "kJ/kg");
-  print_value("", "density", 1 / v, "kg/m³");
+int show(StateOptions options) {
+  const Units units(options.units);
+  const std::vector<steam::Property> wanted = parse_list(options.list);
+  const Given given = given_of(options, units);
+  options.format.coloured = is_coloured(STDOUT_FILENO);
+  if (options.classic || options.compare) {
+    const auto& [sheet, good] =
+        (options.compare ? comparison : classic_sheet)(given, wanted, units);
+    print(text({sheet}, options.format));
+    return good ? success : no_answer;
+  }
+  print(text(sheets_of(options, given, wanted, units), options.format));
+  return success;
 }
 
-/// Some finders misplace states without a sign: says so when the state does not have the known
-/// pair.
-bool reproduces(const StateOptions& options) {
-  const auto v = silently(options, {"P", "T", "V", "H", "S", "X"});
-  const std::map<char, double> found{{'p', v[0]}, {'t', v[1]}, {'v', v[2]},
-                                     {'h', v[3]}, {'s', v[4]}, {'u', v[3] - 100 * v[0] * v[2]},
-                                     {'x', v[5]}};
-  bool all = true;
-  for (const auto& [letter, value] :
-       {std::pair{options.pair[0], options.first}, std::pair{options.pair[1], options.second}}) {
-    const std::string wrong = check_reproduced(letter, value, found.at(letter));
-    if (!wrong.empty()) {
-      fmt::print(stderr, "vek: {}\n", wrong);
-      all = false;
-    }
-  }
-  return all;
+std::string upper(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](unsigned char c) { return std::toupper(c); });
+  return text;
 }
 
-bool is_wet(int region) { return region == classic::wet || region == classic::wet_above_350; }
+/// What a value is and which are possible: "pressure, 0.006112444 to 1000 bar".
+std::string range_text(steam::Property property, double lowest, double highest) {
+  const steam::PropertyInfo info = steam::info(property);
+  return fmt::format("{}, {:.7g} to {:.7g}{}{}", info.name, lowest, highest, *info.unit ? " " : "",
+                     info.unit);
+}
 
-/// On the saturation line a pressure and a temperature leave the quality open.
-void note_saturation(const StateOptions& options, int region) {
-  if (options.pair == "pt" && is_wet(region)) {
-    fmt::print(stderr,
-               "vek: {} bar and {} °C lie on the saturation line, where the module takes the "
-               "pressure for the quality; give the quality with px or tx\n",
-               options.first, options.second);
+void add_output_options(CLI::App& app, StateOptions& options) {
+  app.add_option("--format", options.format.name, "of the output")
+      ->check(CLI::IsMember(sheet_formats()))
+      ->capture_default_str()
+      ->group("Output");
+  app.add_option("--digits", options.format.digits, "significant digits; 17 lose nothing")
+      ->check(CLI::Range(1, 17))
+      ->type_name("N")
+      ->group("Output");
+  app.add_flag("--all", options.all, "all states where the pair has several")->group("Output");
+  auto* const classic =
+      app.add_flag("--classic", options.classic, "ask the classic module, show its diagnostics")
+          ->group("Classic module");
+  app.add_flag("--compare", options.compare, "compare with the classic module; 1 if they differ")
+      ->excludes(classic)
+      ->group("Classic module");
+}
+
+/// One pair in one of its orders.
+/// @param turned  the second property of the pair is given first
+void define_pair(CLI::App& app, Run& run, steam::Pair pair, bool turned) {
+  const steam::PairInfo info = steam::info(pair);
+  std::string letters = info.letters;
+  if (turned) {
+    std::reverse(letters.begin(), letters.end());
   }
+  const auto options = std::make_shared<StateOptions>();
+  options->pair = pair;
+  CLI::App& sub = *app.add_subcommand(
+      letters,
+      fmt::format("{} and {}", steam::info(info.first).name, steam::info(info.second).name));
+  sub.ignore_case();
+  sub.group(turned ? "" : "State from two known properties, vek PAIR A B [LIST]");
+  const auto add_value = [&](steam::Property property, std::string& text, double lowest,
+                             double highest) {
+    sub.add_option(upper(steam::info(property).letter), text, range_text(property, lowest, highest))
+        ->type_name("")
+        ->required();
+  };
+  if (turned) {
+    add_value(info.second, options->second, info.second_lowest, info.second_highest);
+  }
+  add_value(info.first, options->first, info.first_lowest, info.first_highest);
+  if (!turned) {
+    add_value(info.second, options->second, info.second_lowest, info.second_highest);
+  }
+  sub.add_option("LIST", options->list, "properties, such as t,s,cp; all when left out")
+      ->type_name("");
+  add_unit_options(sub, options->units);
+  add_output_options(sub, *options);
+  sub.footer("Values may carry a unit, as in 145psi or 212F. 'vek --help' lists properties.");
+  sub.callback([&run, options] { run = [options] { return show(*options); }; });
 }
 
 }  // namespace
 
-std::string check_list(const std::string& list) {
-  for (const std::string& item : split(list)) {
-    if (quantity_of(item) == nullptr) {
-      return fmt::format(
-          "'{}' is not a property; accepted are {}, separated by commas, points or "
-          "blanks",
-          item, fmt::join(all_items(), ", "));
-    }
+void define_states(CLI::App& app, Run& run) {
+  for (const steam::Pair pair : all_pairs()) {
+    define_pair(app, run, pair, false);
+    define_pair(app, run, pair, true);
   }
-  return {};
-}
-
-int show_state(const StateOptions& options) {
-  const Items items = options.list.empty() ? all_items() : split(options.list);
-  const std::vector<double> values = request(options, items);
-  const int flag = VEKHasError();
-  const int region = region_of(options);
-  if (region == classic::refused) {
-    fmt::print(stderr, "vek: {} {} {}: no state can be placed\n", options.pair, options.first,
-               options.second);
-    return 1;
-  }
-  note_saturation(options, region);
-  const bool complete = print_items(items, values);
-  if (options.list.empty()) {
-    print_derived(values);
-    print_line("", "region", fmt::format("{:>18}", region), in_words(region));
-  }
-  if (flag != 0) {
-    fmt::print(stderr, "vek: error flag {}: {}\n", flag, flag_in_words(flag));
-  }
-  return reproduces(options) && flag == 0 && complete ? 0 : 1;
 }
 
 }  // namespace command

@@ -1,0 +1,122 @@
+#include "classic_answer.hpp"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <sstream>
+#include <string_view>
+
+#include "classic/frame/diagnostics.hpp"
+#include "classic/regions/region.hpp"
+#include "failure.hpp"
+#include "vek/vek.h"
+
+namespace command {
+namespace {
+
+struct Finder {
+  std::string_view letters;
+  VekFinder function;
+};
+constexpr std::array finders{
+    Finder{"pt", vekrpt_}, Finder{"px", vekrpx_}, Finder{"tx", vekrtx_}, Finder{"pv", vekrpv_},
+    Finder{"ph", vekrph_}, Finder{"ps", vekrps_}, Finder{"pu", vekrpu_}, Finder{"tv", vekrtv_},
+    Finder{"th", vekrth_}, Finder{"tu", vekrtu_}, Finder{"ts", vekrts_}, Finder{"sx", vekrsx_},
+    Finder{"hs", vekrhs_}, Finder{"us", vekrus_}, Finder{"vh", vekrvh_}, Finder{"vs", vekrvs_},
+    Finder{"vu", vekrvu_}, Finder{"vx", vekrvx_},
+};
+
+struct Item {
+  const char* item;
+  steam::Property property;
+  double unit = 1;                 // in the engine's unit
+  bool only_in_one_phase = false;  // the last ones; 0 where the module has no value
+};
+using P = steam::Property;
+constexpr std::array items{
+    Item{"P", P::p},
+    Item{"T", P::t},
+    Item{"V", P::v},
+    Item{"H", P::h},
+    Item{"S", P::s},
+    Item{"X", P::x},
+    Item{"CP", P::cp, 1, true},
+    Item{"DV", P::viscosity, 1, true},
+    Item{"TC", P::conductivity, 1000, true},  // kW/(m K)
+};
+
+VekFinder finder_of(steam::Pair pair) {
+  const std::string_view letters = steam::info(pair).letters;
+  const auto* const found = std::find_if(finders.begin(), finders.end(),
+                                         [&](const Finder& f) { return f.letters == letters; });
+  if (found == finders.end()) {
+    throw Failure(wrong_usage, fmt::format("the classic module has no finder for {}", letters));
+  }
+  return found->function;
+}
+
+/// The diagnostic lines of the module go into a text while this lives.
+class Diagnostics {
+ public:
+  Diagnostics() { stream().rdbuf(text_.rdbuf()); }
+  ~Diagnostics() { stream().rdbuf(nullptr); }
+  Diagnostics(const Diagnostics&) = delete;
+  Diagnostics& operator=(const Diagnostics&) = delete;
+  [[nodiscard]] std::string text() const { return text_.str(); }
+
+ private:
+  static std::ios& stream() { return static_cast<std::ios&>(classic::ErrorStream); }
+  std::ostringstream text_;
+};
+
+/// The module leaves slots without a value as they are: a slot that still holds this has none.
+constexpr double untouched = -std::numeric_limits<double>::max();
+
+int region_of(VekFinder finder, const Given& given) {
+  double first = given.first, second = given.second, tolerance = 1e-8;
+  return finder(&first, &second, &tolerance);
+}
+
+/// Without what the module would only refuse.
+std::string list_for(int region) {
+  const bool wet = region == classic::wet || region == classic::wet_above_350;
+  std::string list;
+  for (const Item& item : items) {
+    if (!wet || !item.only_in_one_phase) {
+      list += std::string(item.item) + ' ';
+    }
+  }
+  return list;
+}
+
+}  // namespace
+
+std::vector<steam::Property> classic_properties() {
+  std::vector<steam::Property> properties;
+  for (const Item& item : items) {
+    properties.push_back(item.property);
+  }
+  return properties;
+}
+
+ClassicAnswer ask_classic(const Given& given) {
+  const VekFinder finder = finder_of(given.pair);
+  ClassicAnswer answer;
+  answer.region = region_of(finder, given);
+  answer.is_placed = answer.region != classic::refused;
+  answer.values.assign(items.size(), untouched);
+  const Diagnostics diagnostics;
+  vek(finder, &given.first, &given.second, list_for(answer.region).c_str(), answer.values.data());
+  answer.flag = VEKHasError();
+  answer.diagnostics = diagnostics.text();
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    double& value = answer.values[i];
+    const bool refused = value == untouched || (items[i].only_in_one_phase && value == 0);
+    value = refused ? steam::missing : value * items[i].unit;
+  }
+  return answer;
+}
+
+}  // namespace command

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "units.hpp"
+#include "vek/steam.hpp"
+
+namespace command {
+
+/// Two known properties, in the pair's order and the engine's units.
+struct Given {
+  steam::Pair pair;
+  double first, second;
+};
+
+std::vector<steam::Pair> all_pairs();
+
+/// The state, or a Failure with the reason in the user's units.
+steam::State state_or_failure(const Given& given, const Units& units);
+
+/// The pair that names one state for itself: pressure and temperature, or the quality of a wet one
+/// with whichever of both was given.
+Given location(const steam::State& state, const Given& given);
+
+/// Any properties of one of the states of a pair.
+std::vector<double> values_of(const steam::State& state, const Given& given,
+                              const std::vector<steam::Property>& wanted);
+
+}  // namespace command
