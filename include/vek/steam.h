@@ -100,10 +100,13 @@ enum vek_steam_code {
   /* what is wrong with a call */
   VEK_STEAM_NO_SUCH_PAIR = -1,
   VEK_STEAM_NO_SUCH_PROPERTY = -2,
-  VEK_STEAM_NULL = -3,     /* a pointer that is needed is null */
-  VEK_STEAM_SHORT = -4,    /* a structure's size is below that of its first version */
-  VEK_STEAM_OVERLAP = -5,  /* places of an output overlap with each other or with other data */
-  VEK_STEAM_NO_MEMORY = -6 /* the system has no memory or no thread left */
+  VEK_STEAM_NULL = -3,      /* a pointer that is needed is null */
+  VEK_STEAM_SHORT = -4,     /* a structure's size is below that of its first version */
+  VEK_STEAM_OVERLAP = -5,   /* places of an output overlap with each other or with other data */
+  VEK_STEAM_NO_MEMORY = -6, /* the system has no memory or no thread left */
+  VEK_STEAM_NO_SUCH_DIAGRAM = -7,
+  VEK_STEAM_NO_SUCH_LINE = -8,
+  VEK_STEAM_TOLERANCE = -9 /* a tolerance is outside 1e-6 to 0.1 */
 };
 
 /* Properties of one phase. */
@@ -269,6 +272,54 @@ typedef struct vek_steam_pair_info {
 /* Pairs are numbered from 0, one less than this. */
 VEK_STEAM_API int vek_steam_pair_count(void);
 VEK_STEAM_API int vek_steam_pair_info_of(int pair, vek_steam_pair_info* info, size_t info_size);
+
+/* Diagrams, named as usual: the quantity upwards first. */
+enum vek_steam_diagram {
+  VEK_STEAM_DIAGRAM_HS = 0,
+  VEK_STEAM_DIAGRAM_TS = 1,
+  VEK_STEAM_DIAGRAM_PH = 2,
+  VEK_STEAM_DIAGRAM_PV = 3
+};
+
+/* A diagram, with the ranges that show it as printed charts do; its lines go beyond. */
+typedef struct vek_steam_diagram_info {
+  const char* letters;              /* such as "hs" */
+  int x, y;                         /* enum vek_steam_property, across and upwards */
+  int x_logarithmic, y_logarithmic; /* 1: the scale is */
+  double x_lowest, x_highest;
+  double y_lowest, y_highest;
+} vek_steam_diagram_info;
+VEK_STEAM_API int vek_steam_diagram_info_of(int diagram, vek_steam_diagram_info* info,
+                                            size_t info_size);
+
+/* A line of a diagram: states that have a property in common. */
+typedef struct vek_steam_line {
+  int property; /* enum vek_steam_property: VEK_STEAM_P an isobar, _T an isotherm, _V an isochore,
+                   _H an isenthalp, _S an isentrope, _X a quality */
+  int reserved; /* 0 */
+  double value; /* of the property; the qualities 0 and 1 are saturated liquid and vapour */
+  size_t count; /* points, at least 2 */
+  const double* x; /* across, and */
+  const double* y; /* upwards; both last as long as the lines */
+} vek_steam_line;
+typedef struct vek_steam_lines vek_steam_lines;
+
+/* The lines of a diagram at the values that printed charts have, each over the whole range of the
+ * formulation; on the h-s diagram isotherms only in steam, since in wet steam they are the isobars.
+ * tolerance: how far the states between two points may be from the chord, as a share of the width
+ * and height of the diagram's ranges, 1e-6 to 0.1; at 1e-4 no bend shows.
+ * lines: takes the lines, to be destroyed by the caller */
+VEK_STEAM_API int vek_steam_lines_create(int diagram, double tolerance, vek_steam_lines** lines);
+
+/* The number of lines; 0 of null. */
+VEK_STEAM_API size_t vek_steam_lines_count(const vek_steam_lines* lines);
+
+/* One of them, numbered from 0. */
+VEK_STEAM_API int vek_steam_lines_line(const vek_steam_lines* lines, size_t i, vek_steam_line* line,
+                                       size_t line_size);
+
+/* Null is legal. */
+VEK_STEAM_API void vek_steam_lines_destroy(vek_steam_lines* lines);
 
 /* Limits of the formulation and its critical point. */
 typedef struct vek_steam_limits {

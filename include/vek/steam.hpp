@@ -292,6 +292,31 @@ struct PairInfo {
 };
 using Limits = vek_steam_limits;
 
+/// Diagrams, named as usual: the quantity upwards first.
+enum class Diagram : std::uint8_t {
+  hs = VEK_STEAM_DIAGRAM_HS,
+  ts = VEK_STEAM_DIAGRAM_TS,
+  ph = VEK_STEAM_DIAGRAM_PH,
+  pv = VEK_STEAM_DIAGRAM_PV
+};
+constexpr std::size_t diagram_count = 4;
+
+/// A diagram, with the ranges that show it as printed charts do; its lines go beyond.
+struct DiagramInfo {
+  const char* letters;                ///< such as "hs"
+  Property x, y;                      ///< across and upwards
+  bool x_logarithmic, y_logarithmic;  ///< whether the scale is
+  double x_lowest, x_highest, y_lowest, y_highest;
+};
+
+/// A line of a diagram: states that have a property in common.
+struct Line {
+  Property property;         ///< p an isobar, t an isotherm, v an isochore, h an isenthalp, s an
+                             ///< isentrope, x a quality
+  double value;              ///< of it; the qualities 0 and 1 are saturated liquid and vapour
+  std::vector<double> x, y;  ///< points, across and upwards
+};
+
 namespace detail {
 
 inline Refusal refusal_of(const vek_steam_refusal& r) {
@@ -424,6 +449,44 @@ inline Limits limits() {
   Limits limits;
   detail::check(vek_steam_limits_of(&limits, sizeof limits));
   return limits;
+}
+
+/// Properties and ranges of a diagram.
+inline DiagramInfo info(Diagram diagram) {
+  vek_steam_diagram_info from;
+  detail::check(vek_steam_diagram_info_of(static_cast<int>(diagram), &from, sizeof from));
+  return {from.letters,
+          static_cast<Property>(from.x),
+          static_cast<Property>(from.y),
+          from.x_logarithmic != 0,
+          from.y_logarithmic != 0,
+          from.x_lowest,
+          from.x_highest,
+          from.y_lowest,
+          from.y_highest};
+}
+
+/// The lines of a diagram at the values that printed charts have, each over the whole range of the
+/// formulation; on the h-s diagram isotherms only in steam, since in wet steam they are the
+/// isobars.
+/// @param tolerance  how far the states between two points may be from the chord, as a share of the
+///                   width and height of the diagram's ranges [1e-6, 0.1]; no bend shows at 1e-4
+/// @outside          throws std::invalid_argument
+inline std::vector<Line> lines(Diagram diagram, double tolerance = 1e-4) {
+  vek_steam_lines* created = nullptr;
+  detail::check(vek_steam_lines_create(static_cast<int>(diagram), tolerance, &created));
+  const std::unique_ptr<vek_steam_lines, decltype(&vek_steam_lines_destroy)> owner(
+      created, vek_steam_lines_destroy);
+  std::vector<Line> all;
+  for (std::size_t i = 0; i < vek_steam_lines_count(created); ++i) {
+    vek_steam_line from;
+    detail::check(vek_steam_lines_line(created, i, &from, sizeof from));
+    all.push_back({static_cast<Property>(from.property),
+                   from.value,
+                   {from.x, from.x + from.count},
+                   {from.y, from.y + from.count}});
+  }
+  return all;
 }
 
 /// The state that has the two properties.

@@ -43,6 +43,12 @@ const char* sentence(int code) {
       return "places of an output overlap with each other or with other data";
     case VEK_STEAM_NO_MEMORY:
       return "no memory or no thread left";
+    case VEK_STEAM_NO_SUCH_DIAGRAM:
+      return "no such diagram";
+    case VEK_STEAM_NO_SUCH_LINE:
+      return "no such line";
+    case VEK_STEAM_TOLERANCE:
+      return "a tolerance is outside 1e-06 to 0.1";
     default:
       return "no state of the formulation has both values";
   }

@@ -1,0 +1,130 @@
+#include "steam/diagrams/sampling.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+namespace steam::diagrams {
+namespace {
+
+/// A point of a line: how far it is on the run, in the diagram's quantities, and as shares of its
+/// width and height.
+struct Point {
+  double way = 0;
+  double x = 0, y = 0;
+  double across = 0, up = 0;
+  bool exists = false;
+};
+
+double place(const Scale& scale, double value) {
+  const auto on_scale = [&](double a) { return scale.logarithmic ? std::log(a) : a; };
+  const double lowest = on_scale(scale.lowest);
+  return (on_scale(value) - lowest) / (on_scale(scale.highest) - lowest);
+}
+
+/// Distance of a point from the chord between two others.
+double distance(const Point& p, const Point& a, const Point& b) {
+  const double dx = b.across - a.across, dy = b.up - a.up;
+  const double length2 = dx * dx + dy * dy;
+  const double along = (p.across - a.across) * dx + (p.up - a.up) * dy;
+  const double share = length2 > 0 ? std::clamp(along / length2, 0., 1.) : 0;
+  return std::hypot(p.across - a.across - share * dx, p.up - a.up - share * dy);
+}
+
+class Sampler {
+ public:
+  Sampler(const DiagramRow& diagram, const Run& run, double tolerance)
+      : diagram_(diagram), run_(run), tolerance_(tolerance) {}
+
+  void fill(Line& line) {
+    const Point first = at(0);
+    add(first, line);
+    follow(first, last_from(first), line);
+  }
+
+ private:
+  static constexpr int first_chords = 8;  // of a piece
+  /// Halvings of a chord: enough for every bend, an end to the jump where two subregions do not
+  /// quite meet.
+  static constexpr int halvings = 24;
+
+  [[nodiscard]] Point at(double way) const {
+    const std::array<double, 2> pair = run_.at(way);
+    const std::array wanted{diagram_.x.property, diagram_.y.property};
+    std::array<double, 2> out{};
+    const Reason reason = steam::values(run_.pair, pair[0], pair[1], wanted, out);
+    if (reason != Reason::none) {
+      return {};
+    }
+    return {way, out[0], out[1], place(diagram_.x, out[0]), place(diagram_.y, out[1]), true};
+  }
+
+  static void add(const Point& p, Line& line) {
+    line.x.push_back(p.x);
+    line.y.push_back(p.y);
+  }
+
+  /// The last state, where the range of the formulation ends the line.
+  [[nodiscard]] Point last_from(const Point& first) const {
+    Point last = at(run_.pieces());
+    if (last.exists) {
+      return last;
+    }
+    last = first;
+    double beyond = run_.pieces();
+    for (int i = 0; i < 60; ++i) {
+      const double half = (last.way + beyond) / 2;
+      const Point middle = at(half);
+      last = middle.exists ? middle : last;
+      beyond = middle.exists ? beyond : half;
+    }
+    return last;
+  }
+
+  void follow(const Point& first, const Point& last, Line& line) const {
+    Point from = first;
+    const int chords = first_chords * run_.pieces();
+    for (int i = 1; i <= chords; ++i) {
+      const Point to = i == chords ? last : at(last.way * i / chords);
+      refine(from, to, halvings, line);
+      from = to;
+    }
+  }
+
+  /// Adds the points after `from` up to `to`.
+  void refine(const Point& from, const Point& to, int more, Line& line) const {
+    const Point middle = at((from.way + to.way) / 2);
+    if (more > 0 && middle.exists && strays(from, to, middle)) {
+      refine(from, middle, more - 1, line);
+      refine(middle, to, more - 1, line);
+    } else if (to.exists) {
+      add(to, line);
+    }
+  }
+
+  /// Whether a line leaves its chord. It may cross it in the middle, and behind a corner bend back,
+  /// so that several points are looked at, with half of the tolerance for what is between them.
+  [[nodiscard]] bool strays(const Point& from, const Point& to, const Point& middle) const {
+    const auto is_off = [&](const Point& p) {
+      return p.exists && distance(p, from, to) > tolerance_ / 2;
+    };
+    bool off = is_off(middle);
+    for (int eighth = 1; eighth < 8 && !off; ++eighth) {
+      off = is_off(at(from.way + (to.way - from.way) * eighth / 8));
+    }
+    return off;
+  }
+
+  const DiagramRow& diagram_;
+  Run run_;
+  double tolerance_;
+};
+
+}  // namespace
+
+Line sampled(const DiagramRow& diagram, Property property, double value, double tolerance) {
+  Line line{property, value, {}, {}};
+  Sampler(diagram, run_of(diagram, property, value), tolerance).fill(line);
+  return line;
+}
+
+}  // namespace steam::diagrams
