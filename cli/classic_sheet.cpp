@@ -7,6 +7,7 @@
 
 #include "classic_answer.hpp"
 #include "failure.hpp"
+#include "output.hpp"
 #include "state_sheet.hpp"
 
 namespace command {
@@ -35,7 +36,7 @@ bool differ(Property property, double engine, double module) {
 ClassicAnswer answer_or_failure(const Given& given) {
   ClassicAnswer answer = ask_classic(given);
   if (!answer.is_placed) {
-    fmt::print(stderr, "{}", answer.diagnostics);
+    tell(answer.diagnostics);
     throw Failure(no_answer,
                   fmt::format("the classic module places no state; error flag {}", answer.flag));
   }
@@ -88,7 +89,7 @@ ClassicSheet classic_sheet(const Given& given, const std::vector<Property>& want
                            const Units& units) {
   const std::vector<std::size_t> places = places_of(wanted);
   const ClassicAnswer answer = answer_or_failure(given);
-  fmt::print(stderr, "{}", answer.diagnostics);
+  tell(answer.diagnostics);
   Sheet sheet{fmt::format("{} (classic module)", phase_of(answer)), {{"", "value"}}, {}, {}};
   const std::vector<Property> all = classic_properties();
   for (const std::size_t i : places) {

@@ -4,18 +4,18 @@
 #include <array>
 #include <exception>
 
+#include "batch_command.hpp"
 #include "command.hpp"
 #include "failure.hpp"
 #include "help.hpp"
 #include "output.hpp"
 #include "properties.hpp"
 #include "state_command.hpp"
-#include "vek/version.h"
 
 namespace command {
 namespace {
 
-constexpr std::array<Define, 1> commands{define_states};
+constexpr std::array commands{define_states, define_batch};
 
 constexpr const char* description =
     "Properties of water and steam on the 1967 industrial formulation (IFC-67).";
@@ -87,7 +87,8 @@ int main(int argc, char** argv) {
   } catch (const std::exception& error) {
     line = error.what();
   }
-  fmt::print(stderr, "{}vek:{} {}\n", command::is_coloured(STDERR_FILENO) ? "\033[31m" : "",
-             command::is_coloured(STDERR_FILENO) ? "\033[0m" : "", line);
+  const bool coloured = command::is_coloured(STDERR_FILENO);
+  command::tell(
+      fmt::format("{}vek:{} {}\n", coloured ? "\033[31m" : "", coloured ? "\033[0m" : "", line));
   return status;
 }

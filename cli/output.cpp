@@ -132,6 +132,8 @@ void print(std::string_view text) {
   output.write(text);
 }
 
+void tell(std::string_view text) { (void)!::write(STDERR_FILENO, text.data(), text.size()); }
+
 bool is_coloured(int file) {
   const char* no_colour = std::getenv("NO_COLOR");
   const char* terminal = std::getenv("TERM");

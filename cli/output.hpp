@@ -35,6 +35,9 @@ class Output {
 /// Writes a whole result to standard output.
 void print(std::string_view text);
 
+/// Writes a text to standard error, where nobody may be listening.
+void tell(std::string_view text);
+
 /// Whether texts for a person may be coloured there.
 bool is_coloured(int file);
 

@@ -72,9 +72,8 @@ Units::Units(const UnitOptions& options) : set_(options.set), gauge_(options.gau
     if (sign == std::string::npos) {
       throw Failure(wrong_usage, fmt::format("--unit {}: write it as p=psi", assignment));
     }
-    const auto property = property_or_failure(assignment.substr(0, sign), assignment);
-    single_.push_back({property, assignment.substr(sign + 1)});
-    (void)of(property);  // so that a wrong unit is refused at once
+    assign(property_or_failure(assignment.substr(0, sign), assignment),
+           assignment.substr(sign + 1));
   }
 }
 
@@ -87,7 +86,7 @@ std::string Units::unit_name(steam::Property property) const {
   return name_in_set(set_, steam::info(property).unit);
 }
 
-Unit Units::unit_named(steam::Property property, const std::string& name) const {
+Unit Units::named(steam::Property property, const std::string& name) const {
   Unit unit{name, conversion(name, steam::info(property).unit)};
   if (gauge_ && is_pressure(property)) {
     unit.name += " gauge";
@@ -97,11 +96,16 @@ Unit Units::unit_named(steam::Property property, const std::string& name) const 
   return unit;
 }
 
-Unit Units::of(steam::Property property) const { return unit_named(property, unit_name(property)); }
+Unit Units::of(steam::Property property) const { return named(property, unit_name(property)); }
+
+void Units::assign(steam::Property property, const std::string& unit) {
+  single_.insert(single_.begin(), {property, unit});
+  (void)of(property);  // so that a wrong unit is refused at once
+}
 
 double Units::read(steam::Property property, std::string_view text) const {
   const Amount amount = parse_amount(text);
-  const Unit unit = amount.unit.empty() ? of(property) : unit_named(property, amount.unit);
+  const Unit unit = amount.unit.empty() ? of(property) : named(property, amount.unit);
   return unit.to_base(amount.number);
 }
 

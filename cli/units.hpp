@@ -30,6 +30,9 @@ class Units {
   explicit Units(const UnitOptions& options = {});
   [[nodiscard]] Unit of(steam::Property property) const;
 
+  /// From now on the unit of the property.
+  void assign(steam::Property property, const std::string& unit);
+
   /// @param text  a number, with a unit or in that of the property: "145psi"
   /// @return      in the property's base unit
   /// @outside     throws Failure
@@ -41,8 +44,8 @@ class Units {
     steam::Property property;
     std::string unit;
   };
+  [[nodiscard]] Unit named(steam::Property property, const std::string& name) const;
   [[nodiscard]] std::string unit_name(steam::Property property) const;
-  [[nodiscard]] Unit unit_named(steam::Property property, const std::string& name) const;
 
   std::string set_;
   std::vector<Single> single_;
