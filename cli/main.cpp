@@ -11,11 +11,12 @@
 #include "output.hpp"
 #include "properties.hpp"
 #include "state_command.hpp"
+#include "table_command.hpp"
 
 namespace command {
 namespace {
 
-constexpr std::array commands{define_states, define_batch};
+constexpr std::array commands{define_states, define_batch, define_table};
 
 constexpr const char* description =
     "Properties of water and steam on the 1967 industrial formulation (IFC-67).";
