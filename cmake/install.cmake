@@ -42,4 +42,6 @@ installs_pc(vek-steam "-lstdc++ -lm -pthread")
 
 if(WIN32)
   include(zip)
+elseif(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+  include(debian)
 endif()

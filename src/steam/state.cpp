@@ -18,7 +18,7 @@ constexpr Needs needs_of_phase = [] {
 /// Which phase properties a record has, in its order.
 template <class Record>
 void write_phase(const Basis& basis, bool wet, Record& out) {
-  const auto of = [&](int p) { return value_of(property_rows[p], basis, wet); };
+  const auto of = [&](std::size_t p) { return value_of(property_rows[p], basis, wet); };
   out.p = of(VEK_STEAM_P);
   out.t = of(VEK_STEAM_T);
   out.v = of(VEK_STEAM_V);

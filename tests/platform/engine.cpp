@@ -1,5 +1,5 @@
-// engine OUTPUT: prints what the engine answers to every pair of every state, in hexadecimal floating
-// point; a batch of the same must have the same bits.
+// engine OUTPUT: prints what the engine answers to every pair of every state, in hexadecimal
+// floating point; a batch of the same must have the same bits.
 
 #include <cmath>
 #include <cstdio>

@@ -89,7 +89,7 @@ class Borders {
   }
 
   /// Saturated liquid (0) or vapour (1), to 350 °C or above.
-  void cross_saturation(Region region, int x, bool low) {
+  void cross_saturation(Region region, std::size_t x, bool low) {
     for (const Site& site : saturated_[x].sites) {
       if ((site.t <= t_350) == low) {
         Site here = site;
