@@ -41,7 +41,8 @@ TEST(StartValues, OfTheFindersFromPressureOrTemperature) {
   const Row by_p[] = {{vekrpv_, SPVOL1, 300, 0.01, 1}, {vekrpv_, SPVOL1, 300, 350, 1},
                       {vekrpv_, SPVOL2, 10, 800, 2},   {vekrph_, ENTHA1, 300, 0.01, 1},
                       {vekrph_, ENTHA1, 300, 350, 1},  {vekrph_, ENTHA2, 10, 800, 2},
-                      {vekrps_, ENTRO1, 300, 0.01, 1}, {vekrpu_, ENERG2, 300, 800, 2}};
+                      {vekrps_, ENTRO1, 300, 0.01, 1}, {vekrpu_, ENERG2, 300, 800, 2},
+                      {vekrpv_, SPVOL1, 10, 0.01, 1},  {vekrph_, ENTHA1, 10, 0.01, 1}};
   const auto expect = [](VekFinder finder, double a, double b, const Row& row) {
     EXPECT_EQ(finder(&a, &b, &tol), row.region) << row.z << ' ' << row.t;
     EXPECT_EQ(a, row.z);
