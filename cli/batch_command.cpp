@@ -17,7 +17,7 @@ namespace {
 
 /// What was typed, before it is understood.
 struct Typed {
-  std::string pair, first, second, list, delimiter = ",";
+  std::string pair, first, second, list, delimiter = "comma";
   BatchOptions options{};
 };
 
@@ -58,7 +58,9 @@ std::vector<steam::Property> wanted_by(const Typed& typed, const BatchColumns& c
 
 int answer(Typed& typed) {
   BatchOptions& options = typed.options;
-  options.columns.csv.delimiter = typed.delimiter == "tab" ? '\t' : typed.delimiter[0];
+  options.columns.csv.delimiter = typed.delimiter == "tab"         ? '\t'
+                                  : typed.delimiter == "semicolon" ? ';'
+                                                                   : ',';
   set_pair(typed, options.columns);
   options.columns.wanted = wanted_by(typed, options.columns);
   const BatchCounts counts = run_batch(options);
@@ -79,9 +81,8 @@ void add_columns(CLI::App& sub, Typed& typed) {
   sub.add_option("--list", typed.list, "properties to append; else those of p,t,v,h,s,x")
       ->type_name("LIST")
       ->group(group);
-  sub.add_option("--delimiter", typed.delimiter, "between fields; tab for a tabulator")
-      ->check(CLI::IsMember({",", ";", "|", "tab"}))
-      ->type_name("C")
+  sub.add_option("--delimiter", typed.delimiter, "between fields")
+      ->check(CLI::IsMember({"comma", "semicolon", "tab"}))
       ->capture_default_str()
       ->group(group);
 }

@@ -44,8 +44,10 @@ std::string description_of(const CLI::Option& option) {
 }
 
 std::string usage_of(const CLI::App& app) {
-  std::string usage = app.get_parent() ? app.get_parent()->get_name() + ' ' : "";
-  usage += app.get_name();
+  std::string usage = app.get_name();
+  for (const CLI::App* above = app.get_parent(); above; above = above->get_parent()) {
+    usage = fmt::format("{} {}", above->get_name(), usage);
+  }
   for (const CLI::Option* option : positionals(app)) {
     const std::string name = option->get_name();
     usage += option->get_required() ? fmt::format(" {}", name) : fmt::format(" [{}]", name);

@@ -6,31 +6,31 @@
 
 #include "batch_command.hpp"
 #include "command.hpp"
+#include "completion_command.hpp"
 #include "failure.hpp"
 #include "help.hpp"
+#include "manual.hpp"
 #include "output.hpp"
-#include "properties.hpp"
 #include "state_command.hpp"
 #include "table_command.hpp"
+#include "vek/steam.h"
 
 namespace command {
 namespace {
 
-constexpr std::array commands{define_states, define_batch, define_table};
+constexpr std::array commands{define_states, define_batch, define_table, define_completion,
+                              define_manual};
 
 constexpr const char* description =
     "Properties of water and steam on the 1967 industrial formulation (IFC-67).";
 
-constexpr const char* footer =
-    "\nValues may carry a unit: vek pt 145psi 212degF, vek ph 10MPa 1400Btu/lb.\n"
-    "\n"
-    "Exit status: 0 success; 1 no such state, a failed row, a difference;\n"
-    "2 wrong usage; 3 a file or standard output cannot be read or written.\n"
-    "\n"
-    "Examples:\n"
-    "  vek pt 100 540             all properties of steam at 100 bar and 540 °C\n"
-    "  vek ph 100 3000 t,s        two of them, from pressure and enthalpy\n"
-    "  vek tx 100 0.9             wet steam of quality 0.9 at 100 °C";
+std::string footer() {
+  std::string text;
+  for (const ManualSection& section : manual_sections()) {
+    text += fmt::format("{}{}:\n{}", text.empty() ? "" : "\n", section.title, section.text);
+  }
+  return text;
+}
 
 void define(CLI::App& app, Run& run) {
   app.require_subcommand(1);
@@ -40,7 +40,7 @@ void define(CLI::App& app, Run& run) {
   for (const Define define : commands) {
     define(app, run);
   }
-  app.footer("Properties, as in LIST:\n" + property_help() + footer);
+  app.footer(footer());
 }
 
 /// One line for what the parser refuses.

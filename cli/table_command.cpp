@@ -91,8 +91,10 @@ void define_table(CLI::App& app, Run& run) {
 
   const auto both = std::make_shared<WaterSteamOptions>();
   CLI::App& grid = *table.add_subcommand("water-steam", "compressed water and superheated steam");
-  grid.add_option("-p,--pressures", both->pressures, "")->type_name("RANGE")->capture_default_str();
-  grid.add_option("-t,--temperatures", both->temperatures, "")
+  grid.add_option("-p,--pressures", both->pressures, "of the blocks")
+      ->type_name("RANGE")
+      ->capture_default_str();
+  grid.add_option("-t,--temperatures", both->temperatures, "of the rows")
       ->type_name("RANGE")
       ->capture_default_str();
   add_table_options(grid, *both);

@@ -8,9 +8,9 @@ void add_unit_options(CLI::App& app, UnitOptions& options) {
       ->check(CLI::IsMember(unit_sets()))
       ->capture_default_str()
       ->group(group);
-  app.add_option("--unit", options.single, "single ones, as in p=psi,t=degF")
+  app.add_option("--unit", options.single, "of single properties: p=psi,t=degF")
       ->delimiter(',')
-      ->type_name("LIST")
+      ->type_name("P=UNIT,...")
       ->allow_extra_args(false)
       ->group(group);
   app.add_flag("--gauge", options.gauge, "pressures are above the ambient one")->group(group);

@@ -30,9 +30,9 @@ abc,100,4,,enthalpy: '\''abc'\'' is not a number
 
 @test "finds columns by name, number or place" {
   wanted=$(printf '3000;100;369.638;ok')
-  [ "$(printf 'h;p\n3000;100\n' | "$VEK" batch ph --list t --delimiter ';' --digits 6 2>&- | tail -1)" = "$wanted" ]
-  [ "$(printf '3000;100\n' | "$VEK" batch hp --list t --delimiter ';' --digits 6 2>&-)" = "$wanted" ]
-  [ "$(printf 'a;b\n3000;100\n' | "$VEK" batch ph --first b --second 1 --list t --delimiter ';' --digits 6 2>&- | tail -1)" = "$wanted" ]
+  [ "$(printf 'h;p\n3000;100\n' | "$VEK" batch ph --list t --delimiter semicolon --digits 6 2>&- | tail -1)" = "$wanted" ]
+  [ "$(printf '3000;100\n' | "$VEK" batch hp --list t --delimiter semicolon --digits 6 2>&-)" = "$wanted" ]
+  [ "$(printf 'a;b\n3000;100\n' | "$VEK" batch ph --first b --second 1 --list t --delimiter semicolon --digits 6 2>&- | tail -1)" = "$wanted" ]
   expect 2 '' 'vek: no column p in the header: a, b; name it by --first or --second' batch ph <<<$'a,b\n1,2'
   expect 2 '' "vek: column p \[apples\]: 'apples' is no unit of pressure" batch ph <<<$'p [apples],h\n1,2'
 }

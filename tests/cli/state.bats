@@ -70,12 +70,3 @@ print(s[\"title\"], h[\"unit\"], h[\"value\"] - (h[\"saturated_liquid\"] + h[\"s
   [ "$stderr" = 'vek: cannot write standard output: Bad file descriptor' ]
   run -3 bash -c "'$VEK' --help >/dev/full"
 }
-
-@test "help within 80 columns, for each pair" {
-  expect 0 'vek [0-9]*.[0-9]*.[0-9]*' '' --version
-  for command in '' $("$VEK" --help | sed -n 's/^  \([a-z]*\)  *[a-z].*/\1/p' | head -18); do
-    run -0 "$VEK" $command --help
-    [ "$(LC_ALL=C.UTF-8 wc -L <<<"$output")" -le 80 ]
-  done
-  expect 0 '*Usage: vek ph P H \[LIST\]*pressure, 0.006112444 to 1000 bar*enthalpy*' '' ph --help
-}
