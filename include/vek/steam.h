@@ -311,6 +311,11 @@ typedef struct vek_steam_lines vek_steam_lines;
  * lines: takes the lines, to be destroyed by the caller */
 VEK_STEAM_API int vek_steam_lines_create(int diagram, double tolerance, vek_steam_lines** lines);
 
+/* The lines of some values of a property, in their order: p, t, v, h, s or x. Those of values that
+ * no state has, have no points. */
+VEK_STEAM_API int vek_steam_lines_of(int diagram, double tolerance, int property, size_t count,
+                                     const double* values, vek_steam_lines** lines);
+
 /* The number of lines; 0 of null. */
 VEK_STEAM_API size_t vek_steam_lines_count(const vek_steam_lines* lines);
 

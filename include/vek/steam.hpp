@@ -466,6 +466,26 @@ inline DiagramInfo info(Diagram diagram) {
           from.y_highest};
 }
 
+namespace detail {
+
+/// Takes lines over from C.
+inline std::vector<Line> taken(vek_steam_lines* created) {
+  const std::unique_ptr<vek_steam_lines, decltype(&vek_steam_lines_destroy)> owner(
+      created, vek_steam_lines_destroy);
+  std::vector<Line> all;
+  for (std::size_t i = 0; i < vek_steam_lines_count(created); ++i) {
+    vek_steam_line from;
+    check(vek_steam_lines_line(created, i, &from, sizeof from));
+    all.push_back({static_cast<Property>(from.property),
+                   from.value,
+                   {from.x, from.x + from.count},
+                   {from.y, from.y + from.count}});
+  }
+  return all;
+}
+
+}  // namespace detail
+
 /// The lines of a diagram at the values that printed charts have, each over the whole range of the
 /// formulation; on the h-s diagram isotherms only in steam, since in wet steam they are the
 /// isobars.
@@ -475,18 +495,17 @@ inline DiagramInfo info(Diagram diagram) {
 inline std::vector<Line> lines(Diagram diagram, double tolerance = 1e-4) {
   vek_steam_lines* created = nullptr;
   detail::check(vek_steam_lines_create(static_cast<int>(diagram), tolerance, &created));
-  const std::unique_ptr<vek_steam_lines, decltype(&vek_steam_lines_destroy)> owner(
-      created, vek_steam_lines_destroy);
-  std::vector<Line> all;
-  for (std::size_t i = 0; i < vek_steam_lines_count(created); ++i) {
-    vek_steam_line from;
-    detail::check(vek_steam_lines_line(created, i, &from, sizeof from));
-    all.push_back({static_cast<Property>(from.property),
-                   from.value,
-                   {from.x, from.x + from.count},
-                   {from.y, from.y + from.count}});
-  }
-  return all;
+  return detail::taken(created);
+}
+
+/// The lines of some values of a property, in their order: p, t, v, h, s or x. Those of values that
+/// no state has, have no points.
+inline std::vector<Line> lines(Diagram diagram, Property property, Span<const double> values,
+                               double tolerance = 1e-4) {
+  vek_steam_lines* created = nullptr;
+  detail::check(vek_steam_lines_of(static_cast<int>(diagram), tolerance, static_cast<int>(property),
+                                   values.size(), values.data(), &created));
+  return detail::taken(created);
 }
 
 /// The state that has the two properties.

@@ -36,9 +36,11 @@ class Sampler {
       : diagram_(diagram), run_(run), tolerance_(tolerance) {}
 
   void fill(Line& line) {
-    const Point first = at(0);
-    add(first, line);
-    follow(first, last_from(first), line);
+    const Ends ends = find_ends();
+    if (ends.first.exists) {
+      add(ends.first, line);
+      follow(ends, line);
+    }
   }
 
  private:
@@ -63,28 +65,43 @@ class Sampler {
     line.y.push_back(p.y);
   }
 
-  /// The last state, where the range of the formulation ends the line.
-  [[nodiscard]] Point last_from(const Point& first) const {
-    Point last = at(run_.pieces());
-    if (last.exists) {
-      return last;
+  /// Where the range of the formulation ends the line; the states between are all there.
+  struct Ends {
+    Point first, last;
+  };
+  [[nodiscard]] Ends find_ends() const {
+    constexpr int places = 64;
+    Ends ends;
+    for (int i = 0; i <= places; ++i) {
+      const Point p = at(static_cast<double>(run_.pieces()) * i / places);
+      if (ends.last.exists && !p.exists) {
+        break;
+      }
+      ends.first = ends.first.exists ? ends.first : p;
+      ends.last = p;
     }
-    last = first;
-    double beyond = run_.pieces();
-    for (int i = 0; i < 60; ++i) {
-      const double half = (last.way + beyond) / 2;
-      const Point middle = at(half);
-      last = middle.exists ? middle : last;
-      beyond = middle.exists ? beyond : half;
-    }
-    return last;
+    const double place = static_cast<double>(run_.pieces()) / places;
+    return {end_between(ends.first, std::max(ends.first.way - place, 0.)),
+            end_between(ends.last, std::min(ends.last.way + place, 1. * run_.pieces()))};
   }
 
-  void follow(const Point& first, const Point& last, Line& line) const {
-    Point from = first;
+  /// The last state on the way from one to where there may be none.
+  [[nodiscard]] Point end_between(Point state, double beyond) const {
+    for (int i = 0; i < 60 && state.exists && state.way != beyond; ++i) {
+      const double half = (state.way + beyond) / 2;
+      const Point middle = at(half);
+      state = middle.exists ? middle : state;
+      beyond = middle.exists ? beyond : half;
+    }
+    return state;
+  }
+
+  void follow(const Ends& ends, Line& line) const {
     const int chords = first_chords * run_.pieces();
+    const double length = ends.last.way - ends.first.way;
+    Point from = ends.first;
     for (int i = 1; i <= chords; ++i) {
-      const Point to = i == chords ? last : at(last.way * i / chords);
+      const Point to = i == chords ? ends.last : at(ends.first.way + length * i / chords);
       refine(from, to, halvings, line);
       from = to;
     }
