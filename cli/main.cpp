@@ -5,6 +5,7 @@
 #include <exception>
 
 #include "batch_command.hpp"
+#include "chart_command.hpp"
 #include "command.hpp"
 #include "completion_command.hpp"
 #include "failure.hpp"
@@ -18,8 +19,8 @@
 namespace command {
 namespace {
 
-constexpr std::array commands{define_states, define_batch, define_table, define_completion,
-                              define_manual};
+constexpr std::array commands{define_states, define_batch,      define_table,
+                              define_chart,  define_completion, define_manual};
 
 constexpr const char* description =
     "Properties of water and steam on the 1967 industrial formulation (IFC-67).";
