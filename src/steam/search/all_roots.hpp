@@ -8,12 +8,12 @@ namespace steam {
 
 /// All roots of f between a and b: both beside an extremum too, when the derivative changes sign
 /// between neighbouring points of a subdivision.
-/// @param found  called with each root, in the order from a to b
-/// @param touch  an extremum that misses zero by no more, the rounding of f, counts as a root
+/// @param found   called with each root, in the order from a to b
+/// @param enough  ends each iteration; an extremum that misses zero by the noise counts as a root
 template <class F, class Found>
-void all_roots(F&& f, double a, double b, Found&& found, int parts = 12, double touch = 0) {
+void all_roots(F&& f, double a, double b, Found&& found, int parts = 12, Enough enough = {}) {
   const auto between = [&](double left, double right, double at_left) {
-    return root(f, left, right, HUGE_VAL, (at_left < 0) == (left < right)).x;
+    return root(f, left, right, HUGE_VAL, (at_left < 0) == (left < right), enough).x;
   };
   double left = a;
   Slope at_left = f(a);
@@ -37,7 +37,7 @@ void all_roots(F&& f, double a, double b, Found&& found, int parts = 12, double 
       if (at_turn.value * at_left.value < 0) {
         found(between(left, turn, at_left.value));
         found(between(turn, right, at_turn.value));
-      } else if (std::abs(at_turn.value) <= touch) {
+      } else if (std::abs(at_turn.value) <= enough.noise) {
         found(turn);
       }
     }

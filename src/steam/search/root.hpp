@@ -17,6 +17,8 @@ struct Enough {
   double noise = 0;
 };
 
+/// Two steps in a row of so many times the last one are the rounding of the function.
+constexpr double rounding_steps = 20;
 /// Where the bracket cannot get smaller than its relative size, at a root at zero, the end.
 constexpr int most_evaluations = 240;
 
@@ -86,7 +88,10 @@ template <class F>
     }
     bracket.narrow(x, (y.value < 0) == rises);
     const double newton = tangent.crossing(x, y);
-    if (std::abs(newton - x) <= enough.step * std::abs(x) && tangent.is_last(x, y, enough.step)) {
+    const double share = std::abs((newton - x) / x);
+    const bool is_rounding = share <= rounding_steps * enough.step &&
+                             last_step <= rounding_steps * enough.step * std::abs(x);
+    if ((share <= enough.step && tangent.is_last(x, y, enough.step)) || is_rounding) {
       return {whole.nearest(newton), n, true};
     }
     tangent.move(x, y);

@@ -260,13 +260,15 @@ class Scan {
   /// All solutions between two temperatures, by the equations and brackets.
   template <class Saturation, class Found>
   void by_equations(double t_high, double t_low, const Found& found, int parts = 5) {
+    // Next to the critical point the rounding of the volumes moves the temperature by as much.
+    const double last_step = t_low < t_jump - r_merging * r_merging ? 3e-16 : 1e-12;
     const auto f = [&](double t) { return target_.sloped<Saturation>(t); };
     for (const double end : {t_high, t_low}) {
       if (std::abs(f(end).value) <= rounding()) {
         found(end);
       }
     }
-    all_roots(f, t_high, t_low, found, parts, rounding());
+    all_roots(f, t_high, t_low, found, parts, {.step = last_step, .noise = rounding()});
   }
 
   [[nodiscard]] Ends tabulated_at(double t) const {
