@@ -45,7 +45,8 @@ TEST_P(Hostile, TolerancesEndAndFindersDoNotAllocate) {
         vek(GetParam().find, &a, &b, "P,T,V,H,S,X,CP,DV,TC,??? ", result.data());
       }
       EXPECT_EQ(allocations(), before) << band.name;
-      double tolerance = std::array{0.0, -1.0, 1.0, inf, not_a_number}[k % 5U];
+      const auto tolerances = {0.0, -1.0, 1.0, inf, not_a_number};
+      double tolerance = tolerances.begin()[k % 5];
       const int region = GetParam().find(&a, &b, &tolerance);
       EXPECT_TRUE(region >= 0 && region <= 7) << band.name << ": " << region;
     }
