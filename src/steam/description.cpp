@@ -90,7 +90,4 @@ const char* vek_steam_phase_name(int region, double p, double t) {
 }
 
 // The header says it too, for programs that see nothing but the header.
-static_assert(VEK_STEAM_VERSION_MAJOR == VEK_VERSION_MAJOR &&
-              VEK_STEAM_VERSION_MINOR == VEK_VERSION_MINOR &&
-              VEK_STEAM_VERSION_PATCH == VEK_VERSION_PATCH);
 const char* vek_steam_version(void) { return VEK_VERSION; }
