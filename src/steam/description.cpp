@@ -89,5 +89,4 @@ const char* vek_steam_phase_name(int region, double p, double t) {
   }
 }
 
-// The header says it too, for programs that see nothing but the header.
 const char* vek_steam_version(void) { return VEK_VERSION; }
