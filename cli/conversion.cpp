@@ -3,6 +3,7 @@
 #include <fmt/core.h>
 #include <udunits2.h>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <mutex>
@@ -48,7 +49,11 @@ ut_system* database() {
 
 std::mutex one_at_a_time;  // the library is not made for threads
 
+/// Control characters are not for the library's parser, which prints what it cannot read.
 Unit unit_of(const std::string& text) {
+  if (std::any_of(text.begin(), text.end(), [](unsigned char c) { return c < ' '; })) {
+    return nullptr;
+  }
   return Unit(ut_parse(database(), text.empty() ? "1" : text.c_str(), UT_UTF8));
 }
 

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace command {
 
@@ -16,10 +17,18 @@ enum Status {
 /// Ends the command with one line on standard error.
 class Failure : public std::runtime_error {
  public:
-  Failure(Status status, const std::string& line) : std::runtime_error(line), status_(status) {}
+  Failure(Status status, std::string line)
+      : std::runtime_error(in_one_line(std::move(line))), status_(status) {}
   [[nodiscard]] Status status() const { return status_; }
 
  private:
+  /// What was typed or read may have anything in it.
+  static std::string in_one_line(std::string text) {
+    for (char& c : text) {
+      c = static_cast<unsigned char>(c) < ' ' || c == '\x7F' ? '?' : c;
+    }
+    return text;
+  }
   Status status_;
 };
 
