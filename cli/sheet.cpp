@@ -51,6 +51,7 @@ std::string heads(const Sheet& sheet, std::size_t width_before, std::size_t widt
     first += fmt::format(" {:>{}}", two ? column.head.substr(0, end) : "", width);
     second += fmt::format(" {:>{}}", two ? column.head.substr(end + 1) : column.head, width);
   }
+  first.erase(first.find_last_not_of(' ') + 1);
   return first + '\n' + second + '\n';
 }
 
