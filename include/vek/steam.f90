@@ -27,7 +27,15 @@ module vek_steam
   integer(c_int), parameter, public :: steam_p = 0, steam_t = 1, steam_v = 2, steam_h = 3, &
       steam_s = 4, steam_u = 5, steam_x = 6, steam_density = 7, steam_cp = 8, steam_cv = 9, &
       steam_speed_of_sound = 10, steam_isentropic_exponent = 11, steam_viscosity = 12, &
-      steam_conductivity = 13, steam_prandtl = 14, steam_surface_tension = 15, steam_region = 16
+      steam_conductivity = 13, steam_prandtl = 14, steam_surface_tension = 15, steam_region = 16, &
+      steam_isothermal_compressibility = 17, steam_isobaric_expansion = 18, &
+      steam_joule_thomson = 19, steam_p_over_v = 20, steam_p_over_t = 21, &
+      steam_saturation_slope = 22, steam_heat_of_evaporation = 23, &
+      steam_wet_speed_of_sound = 24, steam_kinematic_viscosity = 25, &
+      steam_thermal_diffusivity = 26, steam_gibbs_energy = 27, steam_helmholtz_energy = 28, &
+      steam_superheat = 29, steam_several = 30, steam_approximate = 31
+  ! Added to one of these: the property of a wet state's saturated phase.
+  integer(c_int), parameter, public :: steam_of_liquid = 64, steam_of_vapour = 128
 
   ! Regions.
   integer(c_int), parameter, public :: steam_none = 0, steam_water = 1, steam_steam = 2, &

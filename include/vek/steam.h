@@ -69,7 +69,26 @@ enum vek_steam_property {
   VEK_STEAM_CONDUCTIVITY = 13,
   VEK_STEAM_PRANDTL = 14,
   VEK_STEAM_SURFACE_TENSION = 15,
-  VEK_STEAM_REGION = 16
+  VEK_STEAM_REGION = 16,
+  VEK_STEAM_ISOTHERMAL_COMPRESSIBILITY = 17, /* -(1/v) (∂v/∂p)t, 1/bar; not in wet states */
+  VEK_STEAM_ISOBARIC_EXPANSION = 18,         /* (1/v) (∂v/∂t)p, 1/K; not in wet states */
+  VEK_STEAM_JOULE_THOMSON = 19,              /* (∂t/∂p)h, K/bar; not in wet states */
+  VEK_STEAM_P_OVER_V = 20,                   /* (∂p/∂v)t, bar kg/m³; not in wet states */
+  VEK_STEAM_P_OVER_T = 21,                   /* (∂p/∂t)v, bar/K; not in wet states */
+  VEK_STEAM_SATURATION_SLOPE = 22,    /* dp/dt along the saturation line, bar/K; wet states only */
+  VEK_STEAM_HEAT_OF_EVAPORATION = 23, /* kJ/kg; wet states only */
+  VEK_STEAM_WET_SPEED_OF_SOUND = 24,  /* of both phases in equilibrium, m/s; wet states only */
+  VEK_STEAM_KINEMATIC_VISCOSITY = 25, /* m²/s; not in wet states */
+  VEK_STEAM_THERMAL_DIFFUSIVITY = 26, /* m²/s; not in wet states */
+  VEK_STEAM_GIBBS_ENERGY = 27,        /* h - T s, kJ/kg */
+  VEK_STEAM_HELMHOLTZ_ENERGY = 28,    /* u - T s, kJ/kg */
+  VEK_STEAM_SUPERHEAT = 29, /* t less the saturation temperature at p, K, negative in water; not in
+                               wet states and above the critical pressure */
+  VEK_STEAM_SEVERAL = 30,   /* 1: other states have the pair too; 0 */
+  VEK_STEAM_APPROXIMATE = 31, /* 1: the nearer state of a boundary; 0 */
+  /* added to one of these numbers: the property of a wet state's saturated phase */
+  VEK_STEAM_OF_LIQUID = 64,
+  VEK_STEAM_OF_VAPOUR = 128
 };
 
 /* Where a state lies; the numbers are the region codes of the formulation's users. */
@@ -128,7 +147,8 @@ typedef struct vek_steam_phase {
 } vek_steam_phase;
 
 /* A state. In wet states v, h, s, u and density are those of the mixture, and what only a phase
- * has, cp to the Prandtl number, is missing; quality and surface tension are missing in one phase.
+ * has, cp to the Prandtl number, is missing unless the quality is 0 or 1; quality and surface
+ * tension are missing in one phase.
  */
 typedef struct vek_steam_state {
   double p, t, v, h, s, u, density, cp, cv, speed_of_sound, isentropic_exponent, viscosity,

@@ -88,7 +88,8 @@ struct Refusal {
 
 constexpr double missing = std::numeric_limits<double>::quiet_NaN();
 
-/// Properties of one phase. Those that do not exist for a state are NaN.
+/// Properties of one phase. Those that do not exist for a state are NaN; a wet state of quality 0
+/// or 1 has those of its one phase.
 struct Phase {
   double p = missing;                    ///< pressure, bar
   double t = missing;                    ///< temperature, °C
@@ -165,7 +166,8 @@ class FixedList {
 /// All states of a pair, the one that `state` returns first.
 using Results = FixedList<State, 8>;
 
-/// One property, for `values` and `evaluate`.
+/// One property, for `values` and `evaluate`; vek/steam.h says what each is. Those that a state
+/// does not have are NaN.
 enum class Property : std::uint8_t {
   p = VEK_STEAM_P,
   t = VEK_STEAM_T,
@@ -183,9 +185,34 @@ enum class Property : std::uint8_t {
   conductivity = VEK_STEAM_CONDUCTIVITY,
   prandtl = VEK_STEAM_PRANDTL,
   surface_tension = VEK_STEAM_SURFACE_TENSION,
-  region = VEK_STEAM_REGION
+  region = VEK_STEAM_REGION,
+  isothermal_compressibility = VEK_STEAM_ISOTHERMAL_COMPRESSIBILITY,
+  isobaric_expansion = VEK_STEAM_ISOBARIC_EXPANSION,
+  joule_thomson = VEK_STEAM_JOULE_THOMSON,
+  p_over_v = VEK_STEAM_P_OVER_V,
+  p_over_t = VEK_STEAM_P_OVER_T,
+  saturation_slope = VEK_STEAM_SATURATION_SLOPE,
+  heat_of_evaporation = VEK_STEAM_HEAT_OF_EVAPORATION,
+  wet_speed_of_sound = VEK_STEAM_WET_SPEED_OF_SOUND,
+  kinematic_viscosity = VEK_STEAM_KINEMATIC_VISCOSITY,
+  thermal_diffusivity = VEK_STEAM_THERMAL_DIFFUSIVITY,
+  gibbs_energy = VEK_STEAM_GIBBS_ENERGY,
+  helmholtz_energy = VEK_STEAM_HELMHOLTZ_ENERGY,
+  superheat = VEK_STEAM_SUPERHEAT,
+  several = VEK_STEAM_SEVERAL,
+  approximate = VEK_STEAM_APPROXIMATE
 };
-constexpr std::size_t property_count = 17;
+constexpr std::size_t property_count = 32;
+
+/// The property of the saturated liquid or vapour of a wet state, as one more property.
+/// @param property  one of those above
+/// @outside         missing in one phase
+constexpr Property of_liquid(Property property) {
+  return static_cast<Property>(static_cast<int>(property) + VEK_STEAM_OF_LIQUID);
+}
+constexpr Property of_vapour(Property property) {
+  return static_cast<Property>(static_cast<int>(property) + VEK_STEAM_OF_VAPOUR);
+}
 
 namespace detail {
 

@@ -11,10 +11,17 @@ constexpr std::array<double Basis::*, 7> place_of{&Basis::p, &Basis::t, &Basis::
                                                   &Basis::s, &Basis::u, &Basis::x};
 double& at(Basis& basis, Quantity q) { return basis.*place_of[static_cast<std::size_t>(q)]; }
 
+/// The state that counts, and whether there are others.
+Quick first_of_all(Pair pair, double first, double second, bool& several) {
+  const Solutions all = solve_all(pair, first, second);
+  several = all.sites.size() > 1;
+  return {.site = all.sites.empty() ? Site{} : all.sites[0]};
+}
+
 }  // namespace
 
 void complete_for_pair(Basis& basis, Pair pair, double first, double second, const Site& site,
-                       const Needs& needs, Parts has) {
+                       const Needs& needs, const Parts& has) {
   complete(basis, site, needs, has);
   const Known& k = known_of(pair);
   // Of two values that are neither p nor t, an approximate state has the one whose line was
@@ -31,27 +38,61 @@ void complete_for_pair(Basis& basis, Pair pair, double first, double second, con
   if (!gives_u || (site.approximate && !(k.first == Quantity::u && !follows_second))) {
     basis.u = basis.h - kj_per_bar_m3 * site.p * basis.v;
   }
-  if (needs.viscosity || needs.conductivity) {
+  if ((needs.viscosity || needs.conductivity) && !is_wet(site.region)) {
     complete_transport(basis, needs);
   }
 }
 
 Wanted::Wanted(std::size_t number, const int* numbers) : count(number), properties(numbers) {
+  Needs of_state;
   for (std::size_t i = 0; i < count; ++i) {
-    needs |= row_of(static_cast<Property>(properties[i])).needs;
+    const auto property = static_cast<Property>(properties[i]);
+    if (number_of(property) < liquid_numbers) {
+      of_state |= row_of(property).needs;
+    } else {
+      add_of_phase(property);
+    }
+  }
+  needs = of_state;
+}
+
+void Wanted::add_of_phase(Property property) {
+  Needs& of_phase = number_of(property) < vapour_numbers ? of_liquid : of_vapour;
+  of_phase |= row_of(property).needs;
+  of_phase.any = true;
+}
+
+Answer::Answer(Pair pair, double first, double second, const Wanted& wanted) {
+  if (!in_range(pair, first, second)) {
+    reason_ = refusal(pair, first, second).reason;
+    return;
+  }
+  const Needs& needs = wanted.needs;
+  const Quick found = needs.several ? first_of_all(pair, first, second, basis_.several)
+                                    : solve(pair, first, second, needs.parts, basis_);
+  if (!found.site) {
+    reason_ = Reason::no_state;
+    return;
+  }
+  complete_for_pair(basis_, pair, first, second, found.site, needs, found.has);
+  kind_ = kind_of(basis_);
+  if ((wanted.of_liquid.any || wanted.of_vapour.any) && is_wet(found.site.region)) {
+    add_phases(found.site, wanted);
   }
 }
 
-Reason basis_of_pair(Pair pair, double first, double second, const Needs& needs, Basis& basis) {
-  if (!in_range(pair, first, second)) {
-    return refusal(pair, first, second).reason;
+void Answer::add_phases(const Site& site, const Wanted& wanted) {
+  if (wanted.of_liquid.any) {
+    liquid_ = saturated_phase(site, false, wanted.of_liquid);
   }
-  const Quick found = solve(pair, first, second, needs.parts, basis);
-  if (!found.site) {
-    return Reason::no_state;
+  if (wanted.of_vapour.any) {
+    vapour_ = saturated_phase(site, true, wanted.of_vapour);
   }
-  complete_for_pair(basis, pair, first, second, found.site, needs, found.has);
-  return Reason::none;
+}
+
+double Answer::of_phase(Property property) const {
+  const auto& phase = number_of(property) < vapour_numbers ? liquid_ : vapour_;
+  return phase ? value_of(row_of(property), *phase, in_one_phase) : missing;
 }
 
 }  // namespace steam

@@ -14,14 +14,19 @@ inline bool is_pair(int number) { return number >= 0 && number < static_cast<int
 inline bool is_property(int number) {
   return number >= 0 && number < static_cast<int>(property_count);
 }
+/// Of a state or of one of its saturated phases.
+inline bool can_be_asked(int number) {
+  return number < VEK_STEAM_OF_VAPOUR + VEK_STEAM_OF_LIQUID &&
+         is_property(number % VEK_STEAM_OF_LIQUID);
+}
 
 /// What is wrong with a list of properties, VEK_STEAM_OK when nothing is.
 inline int check_properties(std::size_t count, const int* properties) {
   if (count > 0 && !properties) {
     return VEK_STEAM_NULL;
   }
-  return std::all_of(properties, properties + count, is_property) ? VEK_STEAM_OK
-                                                                  : VEK_STEAM_NO_SUCH_PROPERTY;
+  return std::all_of(properties, properties + count, can_be_asked) ? VEK_STEAM_OK
+                                                                   : VEK_STEAM_NO_SUCH_PROPERTY;
 }
 
 /// What is wrong with the place of a structure that is written, VEK_STEAM_OK when nothing is.

@@ -2,6 +2,7 @@
 
 #include "formulation/transport.hpp"
 #include "steam/search/quantity.hpp"
+#include "steam/search/wet_search.hpp"
 
 namespace steam {
 namespace {
@@ -9,7 +10,7 @@ namespace {
 /// All parts of a set at the point where the equation was evaluated last, and those that follow
 /// no straight line at the state itself.
 template <class Equation, Parts parts>
-void evaluate(const Site& site, Basis& out) {
+[[gnu::noinline]] void evaluate(const Site& site, Basis& out) {
   const Variables end = variables(site), at = site.at;
   const auto terms = Equation::terms(at.z, at.t);
   if (at.z == end.z && at.t == end.t) {
@@ -32,7 +33,7 @@ void evaluate_at_end(const Site& site, Basis& out) {
 
 /// An evaluation takes the first of some sets of parts that holds all that is wanted.
 template <class Equation>
-void one_phase(const Site& site, Parts wanted, Parts has, Basis& out) {
+void one_phase(const Site& site, const Parts& wanted, const Parts& has, Basis& out) {
   if (Parts{wanted.v, wanted.h, wanted.s}.within(has)) {
     if (wanted.slopes) {
       evaluate_at_end<Equation, all_parts>(site, out);
@@ -52,7 +53,7 @@ void one_phase(const Site& site, Parts wanted, Parts has, Basis& out) {
   }
 }
 
-void one_phase(const Site& site, Parts wanted, Parts has, Basis& out) {
+void one_phase(const Site& site, const Parts& wanted, const Parts& has, Basis& out) {
   with_equation(site.region,
                 [&]<class Equation>() { one_phase<Equation>(site, wanted, has, out); });
 }
@@ -71,7 +72,7 @@ struct Phases {
   Basis liquid, vapour;
 };
 
-Phases phases_of(const Site& wet, Parts wanted) {
+Phases phases_of(const Site& wet, const Parts& wanted) {
   Phases phases;
   if (wet.region == Region::wet) {
     one_phase<Water>(phase_of(wet, false), wanted, nothing, phases.liquid);
@@ -106,11 +107,17 @@ double quantity_of(const Basis& phase, Quantity q, double p) {
   }
 }
 
+/// Whether something is wanted that wet states have only where they are of one phase.
+constexpr bool wants_one_phase(const Needs& needs) {
+  return needs.parts.cp || needs.parts.slopes || needs.viscosity || needs.conductivity;
+}
+
 /// Quality and mixed quantities.
 void mixture(const Site& site, const Needs& needs, Basis& out) {
   Parts wanted{.v = needs.parts.v, .h = needs.parts.h, .s = needs.parts.s};
   const bool is_open = site.given != Quantity::x;
-  if (wanted.within(nothing) && !(needs.quality && is_open)) {
+  const bool wants_quality = needs.quality || wants_one_phase(needs);
+  if (wanted.within(nothing) && !(wants_quality && is_open)) {
     out.x = site.x;
     return;
   }
@@ -126,14 +133,35 @@ void mixture(const Site& site, const Needs& needs, Basis& out) {
   out.s = Ends{liquid.s, vapour.s}.mixed(x);
 }
 
+/// At a quality of 0 or 1 what the only phase has.
+[[gnu::noinline]] void add_one_phase(const Site& site, const Needs& needs, Basis& out) {
+  take_one_phase(out, saturated_phase(site, out.x == 1, needs));
+}
+
+/// What changes along the saturation line, and so along an isentrope of both phases.
+[[gnu::noinline]] void add_equilibrium(const Site& site, Basis& out) {
+  const SaturationPressure line{site.p, sloped_saturation_pressure(site.t).over_t};
+  const Ends h = saturated_ends(Quantity::h, site.t, site.p);
+  const auto [s, v] = sloped_saturated_ends(Quantity::s, Quantity::v, site.t, line);
+  out.heat_of_evaporation = h.vapour - h.liquid;
+  out.wet_v_over_p_s = wet::slopes(s, v, out.x).excess / line.over_t;
+}
+
 }  // namespace
 
-void complete(Basis& basis, const Site& site, const Needs& needs, Parts has) {
+void complete(Basis& basis, const Site& site, const Needs& needs, const Parts& has) {
   basis.region = site.region;
   basis.p = site.p;
   basis.t = site.t;
+  basis.approximate = site.approximate;
   if (is_wet(site.region)) {
     mixture(site, needs, basis);
+    if (needs.saturation) {
+      add_equilibrium(site, basis);
+    }
+    if ((basis.x == 0 || basis.x == 1) && wants_one_phase(needs)) {
+      add_one_phase(site, needs, basis);
+    }
     return;
   }
   one_phase(site, needs.parts, has, basis);
@@ -146,6 +174,16 @@ void complete_transport(Basis& basis, const Needs& needs) {
   if (needs.conductivity) {
     basis.conductivity = formulation::conductivity<SharedDivisions>(basis.v, basis.t);
   }
+}
+
+void take_one_phase(Basis& basis, const Basis& phase) {
+  basis.cp = phase.cp;
+  basis.cv = phase.cv;
+  basis.v_over_p_s = phase.v_over_p_s;
+  basis.p_over_v = phase.p_over_v;
+  basis.p_over_t = phase.p_over_t;
+  basis.viscosity = phase.viscosity;
+  basis.conductivity = phase.conductivity;
 }
 
 Basis saturated_phase(const Site& wet, bool vapour, const Needs& needs) {

@@ -40,8 +40,8 @@ int vek_steam_property_info_of(int property, vek_steam_property_info* info, size
                                  check_record(info, info_size)});
   if (wrong == VEK_STEAM_OK) {
     const PropertyRow& row = row_of(static_cast<Property>(property));
-    *info = {row.name, row.letter, row.unit, row.exists != Exists::in_wet_states,
-             row.exists != Exists::in_one_phase};
+    *info = {row.name, row.letter, row.unit, row.exists != in_wet_states,
+             row.exists != in_one_phase};
   }
   return wrong;
 }

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "steam/tables/saturation_line.hpp"
+
 namespace steam {
 namespace {
 
@@ -21,6 +23,14 @@ double property_table::surface_tension(const Basis& b) {
   constexpr double T_critical = 647.15;
   const double x = std::fmax(1 - kelvin(b.t) / T_critical, 0);
   return 235.8e-3 * std::pow(x, 1.256) * (1 - 0.625 * x);
+}
+
+double property_table::saturation_slope(const Basis& b) {
+  return sloped_saturation_pressure(b.t).over_t;
+}
+
+double property_table::superheat(const Basis& b) {
+  return b.p < p_critical ? b.t - saturation_temperature(b.p) : missing;
 }
 
 }  // namespace steam

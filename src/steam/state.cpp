@@ -17,8 +17,8 @@ constexpr Needs needs_of_phase = [] {
 
 /// Which phase properties a record has, in its order.
 template <class Record>
-void write_phase(const Basis& basis, bool wet, Record& out) {
-  const auto of = [&](std::size_t p) { return value_of(property_rows[p], basis, wet); };
+void write_phase(const Basis& basis, Exists kind, Record& out) {
+  const auto of = [&](std::size_t p) { return value_of(property_rows[p], basis, kind); };
   out.p = of(VEK_STEAM_P);
   out.t = of(VEK_STEAM_T);
   out.v = of(VEK_STEAM_V);
@@ -35,34 +35,48 @@ void write_phase(const Basis& basis, bool wet, Record& out) {
   out.prandtl = of(VEK_STEAM_PRANDTL);
 }
 
-/// A saturated phase of a wet state; missing values in one phase.
-void write_saturated(const Site& site, bool vapour, vek_steam_phase* out) {
-  if (!out) {
-    return;
-  }
-  if (is_wet(site.region)) {
-    write_phase(saturated_phase(site, vapour, needs_of_phase), false, *out);
-  } else {
-    write_phase(Basis{}, false, *out);
-  }
-}
-
 /// A pair as it is given.
 struct Given {
   Pair pair;
   double first, second;
 };
 
-/// All of a state that has a pair.
-void write_state(const Given& given, const Site& site, bool several, vek_steam_state& out) {
+/// Where the saturated phases of a state go, unless they are left out.
+struct Saturated {
+  vek_steam_phase *liquid, *vapour;
+};
+
+/// Writes a saturated phase, missing values in one phase; a wet state of quality 0 or 1 takes what
+/// its only phase has.
+void write_saturated(const Site& site, bool vapour, Basis& state, vek_steam_phase* out) {
+  const bool is_only = is_wet(site.region) && state.x == (vapour ? 1 : 0);
+  if (!out && !is_only) {
+    return;
+  }
   const bool wet = is_wet(site.region);
-  Needs needs = needs_of_phase;
-  needs.viscosity = needs.conductivity = !wet;
+  const Basis phase = wet ? saturated_phase(site, vapour, needs_of_phase) : Basis{};
+  if (is_only) {
+    take_one_phase(state, phase);
+  }
+  if (out) {
+    write_phase(phase, wet ? in_one_phase : nowhere, *out);
+  }
+}
+
+/// All of a state that has a pair.
+void write_state(const Given& given, const Site& site, bool several, vek_steam_state& out,
+                 Saturated saturated) {
+  constexpr Needs of_mixture{.parts = first_order, .quality = true};
+  const bool wet = is_wet(site.region);
   Basis basis;
-  complete_for_pair(basis, given.pair, given.first, given.second, site, needs, nothing);
-  write_phase(basis, wet, out);
-  out.x = value_of(row_of(Property::x), basis, wet);
-  out.surface_tension = value_of(row_of(Property::surface_tension), basis, wet);
+  complete_for_pair(basis, given.pair, given.first, given.second, site,
+                    wet ? of_mixture : needs_of_phase, nothing);
+  write_saturated(site, false, basis, saturated.liquid);
+  write_saturated(site, true, basis, saturated.vapour);
+  const Exists kind = kind_of(basis);
+  write_phase(basis, kind, out);
+  out.x = value_of(row_of(Property::x), basis, kind);
+  out.surface_tension = value_of(row_of(Property::surface_tension), basis, kind);
   out.region = static_cast<int>(site.region);
   out.several = several;
   out.approximate = site.approximate;
@@ -106,9 +120,8 @@ int vek_steam_states_of(int pair, double first, double second, vek_steam_state* 
   const Solutions all = solve_all(given.pair, first, second);
   *count = all.sites.size();
   for (std::size_t i = 0; i < std::min(capacity, *count); ++i) {
-    write_state(given, all.sites[i], *count > 1, *element(states, state_size, i));
-    write_saturated(all.sites[i], false, element(liquids, phase_size, i));
-    write_saturated(all.sites[i], true, element(vapours, phase_size, i));
+    write_state(given, all.sites[i], *count > 1, *element(states, state_size, i),
+                {element(liquids, phase_size, i), element(vapours, phase_size, i)});
   }
   return *count > 0 ? VEK_STEAM_OK : VEK_STEAM_NO_STATE;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "vek/steam.hpp"
@@ -8,19 +9,20 @@
 /// What the engine answers to one pair, asked for in every way.
 namespace answers {
 
-/// All of them, in the order of their numbers.
+/// All of them, in the order of their numbers: properties of the state, of its saturated liquid and
+/// of its saturated vapour.
 extern const std::array<steam::Pair, steam::pair_count> all_pairs;
-extern const std::array<steam::Property, steam::property_count> all_properties;
+extern const std::array<steam::Property, 3 * steam::property_count> all_properties;
 
-/// One number of each property, in their order.
-using Properties = std::array<double, steam::property_count>;
-template <class... Number>
-Properties listed(Number... properties) {
-  static_assert(sizeof...(Number) == steam::property_count);
-  return {properties...};
-}
-
+/// Their values in that order; nothing where they are not known.
+using Values = std::array<std::optional<double>, 3 * steam::property_count>;
+/// What is in a state.
+Values held_by(const steam::State& state);
 double property(const steam::State& state, steam::Property which);
+/// What `values` says of a pair.
+Values asked_for(steam::Pair pair, double first, double second);
+/// Where both are known and have other bits; the number of values if nowhere.
+std::size_t first_difference(const Values& a, const Values& b);
 
 /// Whether two numbers have the same bits, or are both not a number.
 bool same_bits(double a, double b);
@@ -55,7 +57,7 @@ struct Answer {
 
 Answer asked(steam::Pair pair, double first, double second);
 
-/// How the answers to each property alone differ from `state`, by `value` and by `evaluate`.
+/// How the answers to each property alone differ from those to all, by `value` and by `evaluate`.
 std::string difference_alone(steam::Pair pair, double first, double second);
 
 /// What is wrong with the answer to two arbitrary doubles; empty when nothing is: a state that has

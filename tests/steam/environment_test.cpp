@@ -63,8 +63,8 @@ struct Told {
   std::vector<Environment> in_callbacks;
 
   void add(const steam::State& state) {
-    for (const auto property : answers::all_properties) {
-      numbers.push_back(answers::property(state, property));
+    for (const auto& number : answers::held_by(state)) {
+      numbers.push_back(number.value_or(0));
     }
   }
 };
@@ -83,9 +83,9 @@ Told told(Pair pair, const boundary_states::Rows& rows, unsigned threads) {
     }
   }
   const std::size_t size = rows.first.size();
-  std::vector<double> columns(size * steam::property_count);
+  std::vector<double> columns(size * answers::all_properties.size());
   std::vector<std::span<double>> outputs;
-  for (std::size_t c = 0; c < steam::property_count; ++c) {
+  for (std::size_t c = 0; c < answers::all_properties.size(); ++c) {
     outputs.push_back(std::span(columns).subspan(c * size, size));
   }
   const steam::Options options{.threads = threads, .chunk = 50, .progress = [&](auto, auto) {

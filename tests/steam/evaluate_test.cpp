@@ -45,7 +45,7 @@ Table evaluated(Pair pair, Table table, const steam::Options& options) {
 void check_rows(Pair pair, const Table& table) {
   SCOPED_TRACE(round_trips::name(pair));
   for (std::size_t row = 0; row < table.first.size(); ++row) {
-    std::array<double, steam::property_count> single{};
+    std::array<double, all.size()> single{};
     EXPECT_EQ(steam::values(pair, table.first[row], table.second[row], all, single),
               table.status[row]);
     for (std::size_t i = 0; i < single.size(); ++i) {
@@ -133,12 +133,18 @@ TEST(Evaluate, NothingIsDoneAtOnce) {
 TEST(Evaluate, NamesThatDoNotExistAreMisuse) {
   std::vector<double> one{1};
   const std::span<double> outputs[]{one};
-  for (const int number : {18, 19, 64, 255}) {
-    const auto no_pair = static_cast<Pair>(number);
+  constexpr std::size_t properties = steam::property_count, pairs = steam::pair_count;
+  constexpr std::pair<std::size_t, std::size_t> unknown[]{{pairs, properties},
+                                                          {pairs + 1, 63},
+                                                          {64, 64 + properties},
+                                                          {127, 128 + properties},
+                                                          {255, 255}};
+  for (const auto& [pair_number, property_number] : unknown) {
+    const auto no_pair = static_cast<Pair>(pair_number);
     EXPECT_THROW(static_cast<void>(steam::state(no_pair, 1, 100)), std::invalid_argument);
     EXPECT_THROW(static_cast<void>(steam::states(no_pair, 1, 100)), std::invalid_argument);
     for (const auto& [pair, wanted] :
-         {std::pair{no_pair, Property::t}, {Pair::ph, static_cast<Property>(number - 1)}}) {
+         {std::pair{no_pair, Property::t}, {Pair::ph, static_cast<Property>(property_number)}}) {
       const std::span<const Property> list(&wanted, 1);
       EXPECT_THROW(steam::values(pair, 1, 100, list, one), std::invalid_argument);
       EXPECT_THROW(static_cast<void>(steam::value(pair, 1, 100, wanted)), std::invalid_argument);

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "vek/steam.hpp"
+#include "answers.hpp"
 
 /// States against the canonical functions, the correlations of transport and of surface tension.
 namespace exactness {
@@ -11,7 +11,8 @@ namespace exactness {
 /// subregions 1 and 2, v and t in subregion 3, t and x in wet states: as a share of their sizes.
 double deviation(const steam::State& state);
 
-/// Which property of the state or of its saturated phases is wrong; empty when none is.
-std::string fault(const steam::State& state);
+/// Which of the known properties of a state or of its saturated phases is wrong; empty when none
+/// is.
+std::string fault(const steam::State& state, const answers::Values& values);
 
 }  // namespace exactness

@@ -25,6 +25,27 @@ TEST(States, SaturationFromEitherSide) {
   EXPECT_NEAR(by_p->t, 100, 1e-12);
 }
 
+/// By its definition: v √(-∂p/∂v) from equilibrium states of one entropy.
+void check_wet_speed_of_sound(double t, double x) {
+  const double s = steam::saturation_by_temperature(t, x)->s;
+  const double dt = t < 350 ? 0.02 : 1e-4 * (374.15 - t);
+  const steam::Result low = steam::state(Pair::ts, t - dt, s);
+  const steam::Result high = steam::state(Pair::ts, t + dt, s);
+  ASSERT_FALSE(std::isnan(low->x) || std::isnan(high->x));
+  const double v = steam::value(Pair::tx, t, x, steam::Property::v);
+  const double w = steam::value(Pair::tx, t, x, steam::Property::wet_speed_of_sound);
+  const double expected = v * std::sqrt(-1e5 * (high->p - low->p) / (high->v - low->v));
+  EXPECT_NEAR(w, expected, 2e-6 * expected) << t << " °C, x = " << x;
+}
+
+TEST(States, SpeedOfSoundOfWetSteam) {
+  for (const double t : {1.0, 30.0, 100.0, 200.0, 300.0, 345.0, 351.0, 360.0, 370.0, 374.0}) {
+    for (const double x : {0.001, 0.02, 0.3, 0.7, 0.999}) {
+      check_wet_speed_of_sound(t, x);
+    }
+  }
+}
+
 TEST(States, PhasesInWords) {
   const std::tuple<double, double, const char*> rows[]{{1, 20, "water"},
                                                        {1, 200, "steam"},

@@ -120,7 +120,8 @@ Jet pressure_on_the_saturation_line(const Jet& t) {
 /// What remains is the same for both kinds of function.
 struct Reduced {
   Real beta, chi, epsilon, sigma, cp, cv;
-  Real stiffness;  // -(∂β/∂χ) along an isentrope
+  Real stiffness;                       // -(∂β/∂χ) along an isentrope
+  Real beta_over_chi, beta_over_theta;  // ∂β/∂χ, ∂β/∂θ
 };
 
 Properties scaled(const Reduced& r) {
@@ -136,14 +137,16 @@ Properties scaled(const Reduced& r) {
           rounded(h - 100 * p * v),
           rounded(r.cp * 0.1083275143L),
           rounded(r.cv * 0.1083275143L),
-          rounded(std::sqrt(1e5L * p_critical * v_critical * r.chi * r.chi * r.stiffness))};
+          rounded(std::sqrt(1e5L * p_critical * v_critical * r.chi * r.chi * r.stiffness)),
+          rounded(r.beta_over_chi * p_critical / v_critical),
+          rounded(r.beta_over_theta * p_critical / T_critical)};
 }
 
 /// From a Gibbs function ζ(β, θ).
 Properties from_zeta(const Jet& zeta, Real beta, Real theta) {
   return scaled({beta, zeta.a, zeta.f - theta * zeta.b, -zeta.b, -theta * zeta.bb,
                  -theta * (zeta.bb - zeta.ab * zeta.ab / zeta.aa),
-                 -1 / (zeta.aa - zeta.ab * zeta.ab / zeta.bb)});
+                 -1 / (zeta.aa - zeta.ab * zeta.ab / zeta.bb), 1 / zeta.aa, -zeta.ab / zeta.aa});
 }
 
 }  // namespace
@@ -163,7 +166,8 @@ Properties subregion3(double v, double t, Conditional part) {
   const Jet psi = psi3(Jet::first(chi), Jet::second(theta), part);
   const Real cross = psi.ab * psi.ab;
   return scaled({-psi.a, chi, psi.f - theta * psi.b - chi * psi.a, -psi.b,
-                 -theta * (psi.bb - cross / psi.aa), -theta * psi.bb, psi.aa - cross / psi.bb});
+                 -theta * (psi.bb - cross / psi.aa), -theta * psi.bb, psi.aa - cross / psi.bb,
+                 -psi.aa, -psi.ab});
 }
 
 Properties subregion3(double v, double t) {

@@ -8,6 +8,7 @@ namespace canonical {
 struct Properties {
   double p, v, h, s, u, cp;           // bar, m³/kg, kJ/kg, kJ/(kg K)
   double cv = 0, speed_of_sound = 0;  // kJ/(kg K), m/s
+  double p_over_v = 0, p_over_t = 0;  // at constant t and v: bar kg/m³, bar/K
 };
 
 Properties subregion1(double p, double t);

@@ -19,11 +19,15 @@ constexpr Parts all_parts{.v = true, .h = true, .s = true, .cp = true, .slopes =
 /// What all properties of a state are computed from.
 struct Basis {
   Region region = Region::none;
+  bool several = false, approximate = false;
   double p = missing, t = missing, x = missing;
   double v = missing, h = missing, s = missing, u = missing;
   double cp = missing, cv = missing;
-  double v_over_p_s = missing;  // (∂v/∂p)s, m³/(kg bar)
+  double v_over_p_s = missing;                    // (∂v/∂p)s, m³/(kg bar)
+  double p_over_v = missing, p_over_t = missing;  // (∂p/∂v)t, bar kg/m³; (∂p/∂t)v, bar/K
   double viscosity = missing, conductivity = missing;
+  double heat_of_evaporation = missing;
+  double wet_v_over_p_s = missing;  // (∂v/∂p)s of both phases in equilibrium
 };
 
 /// Which variables of the equation the last step changes.
@@ -78,6 +82,8 @@ template <class Equation, Parts parts, class Terms>
     const double t_v2 = kelvin(x.t) * dv.over_t * dv.over_t;
     out.cv = out.cp + kj_per_bar_m3 * t_v2 / dv.over_p;
     out.v_over_p_s = dv.over_p + kj_per_bar_m3 * t_v2 / out.cp;
+    out.p_over_v = 1 / dv.over_p;
+    out.p_over_t = -dv.over_t * out.p_over_v;
   }
 }
 
@@ -91,8 +97,9 @@ template <class Equation, Parts parts>
   if constexpr (parts.slopes) {
     out.cv = isochoric_heat_capacity3(terms);
     const double p_t = pressure3_over_t(terms);
-    out.v_over_p_s =
-        1 / (pressure3_over_v(terms) - kj_per_bar_m3 * kelvin(x.t) * p_t * p_t / out.cv);
+    out.p_over_v = pressure3_over_v(terms);
+    out.p_over_t = p_t;
+    out.v_over_p_s = 1 / (out.p_over_v - kj_per_bar_m3 * kelvin(x.t) * p_t * p_t / out.cv);
   }
 }
 
