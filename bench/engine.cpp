@@ -64,10 +64,11 @@ void batch(benchmark::State& state, const Task& task, Region region, unsigned th
   report(state, rows.first.size());
 }
 
-/// By `steam::Pair`. The iteration of `vekrsx_` may not end.
+/// By `steam::Pair`; the module has none for the last ones. The iteration of `vekrsx_` may not end.
 constexpr std::array<VekFinder, steam::pair_count> finders{
-    vekrpt_, vekrpx_, vekrtx_, vekrpv_, vekrph_, vekrps_, vekrpu_, vekrtv_, vekrth_,
-    vekrtu_, vekrts_, nullptr, vekrhs_, vekrus_, vekrvh_, vekrvs_, vekrvu_, vekrvx_};
+    vekrpt_, vekrpx_, vekrtx_, vekrpv_, vekrph_, vekrps_, vekrpu_,
+    vekrtv_, vekrth_, vekrtu_, vekrts_, nullptr, vekrhs_, vekrus_,
+    vekrvh_, vekrvs_, vekrvu_, vekrvx_, nullptr, nullptr, nullptr};
 
 VekFinder finder_of(const Task& task) { return finders[static_cast<std::size_t>(task.pair)]; }
 

@@ -32,6 +32,9 @@ const std::vector<Task>& tasks() {
       {"us_pt", Pair::us, {P::p, P::t}},
       {"sx_pt", Pair::sx, {P::p, P::t}},
       {"vx_pt", Pair::vx, {P::p, P::t}},
+      {"hx_pt", Pair::hx, {P::p, P::t}},
+      {"ux_pt", Pair::ux, {P::p, P::t}},
+      {"hu_pt", Pair::hu, {P::p, P::t}},
   };
   return all;
 }

@@ -133,20 +133,24 @@ void add_turning(steam::SaturatedProfile& profile, int cell, const Turning& turn
 
 steam::SaturatedTable table_of(const Band& band) {
   steam::SaturatedTable table{};
+  const std::array profiles{&table.v, &table.h, &table.s, &table.u};
   for (int i = 0; i < steam::saturated_cells; ++i) {
     table.cells[i] = saturated_cell(band, i);
-    add_turning(table.v, i, turning(table.cells[i].v));
-    add_turning(table.s, i, turning(table.cells[i].s));
+    const steam::SaturatedCell& cell = table.cells[i];
+    const std::array polynomials{&cell.v, &cell.h, &cell.s, &cell.u};
+    for (std::size_t q = 0; q < profiles.size(); ++q) {
+      add_turning(*profiles[q], i, turning(*polynomials[q]));
+    }
   }
   for (int i = 0; i <= steam::saturated_cells; ++i) {
     const double r = i == steam::saturated_cells
                          ? band.r.high
                          : std::fmax(band.r.low + i * band.width(), steam::r_merging);
     const SaturatedState state = band.at(r);
-    table.v.liquid[i] = state[0][0];
-    table.v.vapour[i] = state[0][1];
-    table.s.liquid[i] = state[2][0];
-    table.s.vapour[i] = state[2][1];
+    for (std::size_t q = 0; q < profiles.size(); ++q) {
+      profiles[q]->liquid[i] = state[q][0];
+      profiles[q]->vapour[i] = state[q][1];
+    }
   }
   return table;
 }
@@ -174,7 +178,7 @@ Groups values(const std::string& bytes) {
         add_values(all, *polynomial);
       }
     }
-    for (const auto* profile : {&table->v, &table->s}) {
+    for (const auto* profile : {&table->v, &table->h, &table->s, &table->u}) {
       for (int i = 0; i <= steam::saturated_cells; ++i) {
         all.emplace_back().add(profile->liquid[i]);
         all.emplace_back().add(profile->vapour[i]);

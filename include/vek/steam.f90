@@ -21,7 +21,7 @@ module vek_steam
   integer(c_int), parameter, public :: steam_pt = 0, steam_px = 1, steam_tx = 2, steam_pv = 3, &
       steam_ph = 4, steam_ps = 5, steam_pu = 6, steam_tv = 7, steam_th = 8, steam_tu = 9, &
       steam_ts = 10, steam_sx = 11, steam_hs = 12, steam_us = 13, steam_vh = 14, steam_vs = 15, &
-      steam_vu = 16, steam_vx = 17
+      steam_vu = 16, steam_vx = 17, steam_hx = 18, steam_ux = 19, steam_hu = 20
 
   ! What can be asked for.
   integer(c_int), parameter, public :: steam_p = 0, steam_t = 1, steam_v = 2, steam_h = 3, &

@@ -48,7 +48,10 @@ enum vek_steam_pair {
   VEK_STEAM_VH = 14,
   VEK_STEAM_VS = 15,
   VEK_STEAM_VU = 16,
-  VEK_STEAM_VX = 17
+  VEK_STEAM_VX = 17,
+  VEK_STEAM_HX = 18,
+  VEK_STEAM_UX = 19,
+  VEK_STEAM_HU = 20
 };
 
 /* What can be asked for: names, letters and units by vek_steam_property_info_of. */

@@ -46,9 +46,12 @@ enum class Pair : std::uint8_t {
   vh = VEK_STEAM_VH,
   vs = VEK_STEAM_VS,
   vu = VEK_STEAM_VU,
-  vx = VEK_STEAM_VX
+  vx = VEK_STEAM_VX,
+  hx = VEK_STEAM_HX,
+  ux = VEK_STEAM_UX,
+  hu = VEK_STEAM_HU
 };
-constexpr std::size_t pair_count = 18;
+constexpr std::size_t pair_count = 21;
 
 /// Where a state lies; the numbers are the region codes of the formulation's users.
 enum class Region : std::uint8_t {

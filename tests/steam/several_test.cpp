@@ -8,7 +8,7 @@ namespace {
 
 using enum steam::Pair;
 using enum steam::Region;
-constexpr auto wet_3 = wet_above_350;
+constexpr auto steam_2 = steam::Region::steam, wet_3 = wet_above_350;
 
 struct Expected {
   steam::Region region;
@@ -77,6 +77,28 @@ TEST(Several, AllStatesOfAPairInTheDocumentedOrder) {
   // water, and one wet state of the two
   check(hs, 50.908047333400106, 0.18235125516462408,
         {{water, 0.0141316, 12.12681}, {wet, 0.0141296, 12.12473}});
+  // wet steam on the two sides of the greatest enthalpy of saturated steam
+  check(hx, 2790, 0.999, {{wet, 53.0997, 267.69534}, {wet, 16.10674, 201.69159}});
+  // a quality with which the energy turns four times
+  check(ux, 2036.64842, 0.534817179,
+        {{wet_3, 221.19995, 374.14998},
+         {wet_3, 221.198405, 374.14940604},
+         {wet_3, 221.114679, 374.11802443},
+         {wet_3, 220.475237, 373.87401161},
+         {wet, 125.242143, 327.93463248}});
+  // compressed water, and wet steam whose energy turns along the isenthalp
+  check(hu, 1500, 1422,
+        {{water, 568.27039, 336.41992}, {wet, 3.876252, 142.49407}, {wet, 0.02366497, 20.20572}});
+  // thin steam near 200 °C, whose energy turns along the isenthalp
+  check(hu, 2853, 2641.037868484484,
+        {{steam_2, 382.02704, 485.10963}, {steam_2, 9.277632, 209.21189}, {steam_2, 3, 193.95796}});
+  // steam and wet steam, beside the greatest enthalpy of saturated steam
+  check(hu, 2797.32783, 2598.15097,
+        {{steam_2, 365.521574, 470.98509655},
+         {wet, 33.3970786, 239.86188901},
+         {wet, 20.9987832, 214.85155088},
+         {steam_2, 13.7478984, 197.87326077},
+         {steam_2, 13.0829425, 196.20938120}});
   // dense wet states
   check(vx, 0.0025, 0.1, {{wet_3, 211.445, 370.35952}, {wet, 154.298, 344.39869}});
   // saturated water around its density maximum

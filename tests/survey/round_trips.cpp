@@ -12,8 +12,8 @@ using steam::Pair;
 using steam::Region;
 using steam::State;
 
-constexpr std::array names{"pt", "px", "tx", "pv", "ph", "ps", "pu", "tv", "th",
-                           "tu", "ts", "sx", "hs", "us", "vh", "vs", "vu", "vx"};
+constexpr std::array names{"pt", "px", "tx", "pv", "ph", "ps", "pu", "tv", "th", "tu", "ts",
+                           "sx", "hs", "us", "vh", "vs", "vu", "vx", "hx", "ux", "hu"};
 static_assert(names.size() == steam::pair_count);
 
 double quantity(const State& s, char letter) {

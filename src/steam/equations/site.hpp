@@ -16,24 +16,17 @@ struct Known {
 
 /// By pair, in the order of `Pair`.
 constexpr std::array<Known, pair_count> known{{
-    {Quantity::p, Quantity::t, "pt"},
-    {Quantity::p, Quantity::x, "px"},
-    {Quantity::t, Quantity::x, "tx"},
-    {Quantity::p, Quantity::v, "pv"},
-    {Quantity::p, Quantity::h, "ph"},
-    {Quantity::p, Quantity::s, "ps"},
-    {Quantity::p, Quantity::u, "pu"},
-    {Quantity::t, Quantity::v, "tv"},
-    {Quantity::t, Quantity::h, "th"},
-    {Quantity::t, Quantity::u, "tu"},
-    {Quantity::t, Quantity::s, "ts"},
-    {Quantity::s, Quantity::x, "sx"},
-    {Quantity::h, Quantity::s, "hs"},
-    {Quantity::u, Quantity::s, "us"},
-    {Quantity::v, Quantity::h, "vh"},
-    {Quantity::v, Quantity::s, "vs"},
-    {Quantity::v, Quantity::u, "vu"},
-    {Quantity::v, Quantity::x, "vx"},
+    {Quantity::p, Quantity::t, "pt"}, {Quantity::p, Quantity::x, "px"},
+    {Quantity::t, Quantity::x, "tx"}, {Quantity::p, Quantity::v, "pv"},
+    {Quantity::p, Quantity::h, "ph"}, {Quantity::p, Quantity::s, "ps"},
+    {Quantity::p, Quantity::u, "pu"}, {Quantity::t, Quantity::v, "tv"},
+    {Quantity::t, Quantity::h, "th"}, {Quantity::t, Quantity::u, "tu"},
+    {Quantity::t, Quantity::s, "ts"}, {Quantity::s, Quantity::x, "sx"},
+    {Quantity::h, Quantity::s, "hs"}, {Quantity::u, Quantity::s, "us"},
+    {Quantity::v, Quantity::h, "vh"}, {Quantity::v, Quantity::s, "vs"},
+    {Quantity::v, Quantity::u, "vu"}, {Quantity::v, Quantity::x, "vx"},
+    {Quantity::h, Quantity::x, "hx"}, {Quantity::u, Quantity::x, "ux"},
+    {Quantity::h, Quantity::u, "hu"},
 }};
 
 constexpr const Known& known_of(Pair pair) { return known[static_cast<std::size_t>(pair)]; }

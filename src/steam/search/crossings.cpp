@@ -16,24 +16,27 @@ struct Crossing {
 };
 using Crossings = FixedList<Crossing, 12>;
 
-/// Volumes or entropies of all states of a subregion, with some room: without crossings elsewhere.
+struct Values {
+  double lowest, highest;
+};
+
+/// Values of all states of a subregion, with some room: without crossings elsewhere.
 bool may_reach(Region region, Quantity own, double value) {
-  struct Values {
-    double v_lowest, v_highest, s_lowest, s_highest;
-    [[nodiscard]] bool has(bool is_volume, double x) const {
-      return is_volume ? x > v_lowest && x < v_highest : x > s_lowest && x < s_highest;
-    }
+  struct Row {
+    Values v, h, s;
   };
-  constexpr std::array<Values, 7> by_region{{
-      {0, 0, 0, 0},
-      {9.5e-4, 0.00176, -0.01, 3.8},  // water
-      {0.0025, 820, 5.0, 12},         // steam
-      {0.0013, 0.0089, 3.3, 5.3},     // dense steam
-      {0.0013, 0.0089, 3.3, 5.3},     // hot water, with which it is one here
-      {0.0017, 0.0089, 3.7, 5.3},     // wet above 350 °C
-      {9.5e-4, 820, -0.01, 9.2},      // wet
+  constexpr std::array<Row, 7> by_region{{
+      {},
+      {{9.5e-4, 0.00176}, {-1, 1700}, {-0.01, 3.8}},  // water
+      {{0.0025, 820}, {2400, 4170}, {5.0, 12}},       // steam
+      {{0.0013, 0.0089}, {1500, 3000}, {3.3, 5.3}},   // dense steam
+      {{0.0013, 0.0089}, {1500, 3000}, {3.3, 5.3}},   // hot water, with which it is one here
+      {{0.0017, 0.0089}, {1600, 2600}, {3.7, 5.3}},   // wet above 350 °C
+      {{9.5e-4, 820}, {-1, 2810}, {-0.01, 9.2}},      // wet
   }};
-  return by_region[static_cast<std::size_t>(region)].has(own == Quantity::v, value);
+  const Row& row = by_region[static_cast<std::size_t>(region)];
+  const Values& values = own == Quantity::v ? row.v : own == Quantity::h ? row.h : row.s;
+  return value > values.lowest && value < values.highest;
 }
 
 /// Whether a state lies in the subregion whose equation gave it, but for rounding.
@@ -159,6 +162,12 @@ class Borders {
     cross(Region::steam, Isobar(p_highest), t_highest, line_temperature(p_highest), Border::range);
     cross(Region::steam, IsothermLine(t_highest), p_lowest, p_highest, Border::range);
     cross_boundary_line(Region::steam);
+    if constexpr (Line::own == Quantity::h) {
+      // The energy turns at most once on each side of this pressure.
+      constexpr double p_between = 60;
+      cross(Region::steam, Isobar(p_between), t_highest, saturation_temperature(p_between),
+            Border::range);
+    }
     collect(Region::steam);
   }
 
@@ -180,8 +189,11 @@ class Borders {
     collect(region);
   }
   void cross_boundary_line(Region region) {
-    // Along it the volume turns once, at 350.7 °C, the entropy at 370 and 505 °C.
-    constexpr double t_between = Line::own == Quantity::s ? 440 : t_line_end;
+    // Along it the volume turns once, at 350.7 °C, the entropy at 370 and 505 °C, the enthalpy at
+    // 393 and 454 °C.
+    constexpr double t_between = Line::own == Quantity::s   ? 440
+                                 : Line::own == Quantity::h ? 420
+                                                            : t_line_end;
     const double t_begin = is_3(region) ? std::nextafter(t_350, t_highest) : t_350;
     cross(region, BoundaryLine{}, t_begin, t_between, Border::shared);
     if (t_between < t_line_end) {
@@ -246,5 +258,6 @@ Pieces pieces_of(Line& line) {
 }
 template Pieces pieces_of(Isochore&);
 template Pieces pieces_of(Isentrope&);
+template Pieces pieces_of(Isenthalp&);
 
 }  // namespace steam

@@ -90,7 +90,8 @@ LinePoint Isochore::at(const Piece& piece, double t, Quantity q) {
   return {t, at_pressure(piece.region, within_range(p), t), {y.value, along_line(y, v, false)}};
 }
 
-LinePoint Isentrope::at(const Piece& piece, double c, Quantity q) {
+template <Quantity Own>
+LinePoint CaloricLine<Own>::at(const Piece& piece, double c, Quantity q) {
   if (is_wet(piece.region)) {
     return wet_point(own, value_, c, q);
   }
@@ -117,5 +118,8 @@ LinePoint Isentrope::at(const Piece& piece, double c, Quantity q) {
           at_pressure(piece.region, p, temperature_within_range(t)),
           {y.value, along_line(y, s, true) * p}};
 }
+
+template class CaloricLine<Quantity::s>;
+template class CaloricLine<Quantity::h>;
 
 }  // namespace steam

@@ -5,8 +5,8 @@
 
 namespace steam {
 
-// Lines of one volume or one entropy, for pairs that give neither pressure nor temperature. In a
-// piece the coordinate and the line's own value leave one variable of the equation open; it is
+// Lines of one volume, entropy or enthalpy, for pairs that give neither pressure nor temperature.
+// In a piece the coordinate and the line's own value leave one variable of the equation open; it is
 // searched for at each point.
 
 /// The states of one volume. The coordinate is t.
@@ -27,30 +27,55 @@ class Isochore {
   double p_start_ = missing;
 };
 
-/// The states of one entropy. The coordinate is ln p, in subregion 3 v, in wet states t.
-class Isentrope {
+/// The states of one entropy or enthalpy. The coordinate is ln p, in subregion 3 v, in wet states
+/// t.
+template <Quantity Own>
+class CaloricLine {
  public:
-  explicit Isentrope(double s) : value_(s) {}
-  static constexpr Quantity own = Quantity::s;
+  explicit CaloricLine(double value) : value_(value) {}
+  static constexpr Quantity own = Own;
   [[nodiscard]] double value() const { return value_; }
   [[nodiscard]] LinePoint at(const Piece& piece, double c, Quantity q);
   static double coordinate(const Site& site) {
     return is_wet(site.region) ? site.t : is_3(site.region) ? site.v : std::log(site.p);
   }
-  static double slack(Quantity q, double value) { return 5 * steam::slack(q, value); }
-  /// Where a line ends, its own value's rounding moves the end along the limit: in cold water by
-  /// far more than the other value's rounding.
-  static double end_slack(Quantity q, double value) { return 250 * steam::slack(q, value); }
+  static double slack(Quantity q, double value);
+  static double end_slack(Quantity q, double value);
 
  private:
   double value_;
   double t_start_ = missing;
 };
+using Isentrope = CaloricLine<Quantity::s>;
+using Isenthalp = CaloricLine<Quantity::h>;
+
+template <>
+inline double Isentrope::slack(Quantity q, double value) {
+  return 5 * steam::slack(q, value);
+}
+/// Where a line ends, its own value's rounding moves the end along the limit: in cold water by
+/// far more than the other value's rounding.
+template <>
+inline double Isentrope::end_slack(Quantity q, double value) {
+  return 250 * steam::slack(q, value);
+}
+/// Along an isenthalp of thin steam the energy hardly changes: only its rounding counts.
+template <>
+inline double Isenthalp::slack(Quantity q, double value) {
+  return 70 * steam::rounding(q, value);
+}
+template <>
+inline double Isenthalp::end_slack(Quantity q, double value) {
+  return 100 * steam::rounding(q, value);
+}
+extern template class CaloricLine<Quantity::s>;
+extern template class CaloricLine<Quantity::h>;
 
 /// The pieces of such a line: it is crossed with the borders of every subregion.
 template <class Line>
 Pieces pieces_of(Line& line);
 extern template Pieces pieces_of(Isochore&);
 extern template Pieces pieces_of(Isentrope&);
+extern template Pieces pieces_of(Isenthalp&);
 
 }  // namespace steam

@@ -1,5 +1,7 @@
 #include "steam/search/solve.hpp"
 
+#include <algorithm>
+
 #include "steam/search/lines.hpp"
 #include "steam/search/plane_lines.hpp"
 #include "steam/search/wet_states.hpp"
@@ -12,13 +14,10 @@ namespace {
 Solutions sorted(Solutions solutions) {
   auto& sites = solutions.sites;
   sort_short(sites, [](const Site& a, const Site& b) { return a.t > b.t; });
-  for (std::size_t i = 1; i < sites.size(); ++i) {
-    if (rank(sites[i].region) < rank(sites[0].region)) {
-      for (std::size_t k = i; k > 0; --k) {
-        std::swap(sites[k], sites[k - 1]);
-      }
-    }
-  }
+  const auto first = std::min_element(sites.begin(), sites.end(), [](const Site& a, const Site& b) {
+    return rank(a.region) < rank(b.region);
+  });
+  std::rotate(sites.begin(), first, first == sites.end() ? first : first + 1);
   return solutions;
 }
 
@@ -33,13 +32,12 @@ Solutions of_quality(Quantity q, double value, double x, bool only_first) {
   if (wet.all.sites.empty() && wet.nearest) {
     wet.all.sites.add(wet.nearest);
   }
-  // Of two states on the two sides of 350 °C the lower one counts, else the hotter one.
+  // Of the hottest two on the two sides of 350 °C the lower one counts, else the hotter one.
   auto& sites = wet.all.sites;
   constexpr double overlap = 0.5;  // K
-  for (std::size_t i = 0; i + 1 < sites.size(); ++i) {
-    if (sites[i].t > t_350 && sites[i + 1].t <= t_350 && sites[i].t - sites[i + 1].t < overlap) {
-      std::swap(sites[i], sites[i + 1]);
-    }
+  if (sites.size() > 1 && sites[0].t > t_350 && sites[1].t <= t_350 &&
+      sites[0].t - sites[1].t < overlap) {
+    std::swap(sites[0], sites[1]);
   }
   return wet.all;
 }
@@ -61,6 +59,9 @@ Solutions line_search_of(Pair pair, double a, double b, const Site* known, bool 
   }
   if (k.first == Quantity::v) {
     return in_plane(Isochore(a), {k.second, b, known});
+  }
+  if (k.second == Quantity::u) {
+    return in_plane(Isenthalp(a), {k.second, b, known});
   }
   return in_plane(Isentrope(b), {k.first, a, known});
 }

@@ -12,7 +12,7 @@
 namespace steam {
 namespace {
 
-// At a fixed quality volume and entropy may turn along the saturation line. A cell of the table may
+// At a fixed quality a quantity may turn along the saturation line. A cell of the table may
 // hold a solution if the values at its sides enclose the wanted one, or if the quantity turns in
 // it. There the roots of one polynomial are all solutions; the equations correct each by a step.
 // Only where the table cannot tell whether there is one, at a turn or next to the critical point,
@@ -56,18 +56,50 @@ struct CellPolynomial {
   }
 };
 
+/// What is known of a quantity of saturated states.
+struct Figures {
+  /// Differences that the table cannot tell, as a share of the value and this.
+  double size;
+  /// By which share it may leave its values at the sides of the part that the table has not.
+  double room;
+  double rounding, relative_rounding;
+  SaturatedPolynomial SaturatedCell::*polynomial;
+  const SaturatedProfile& (*profile)(const SaturatedBand& band);
+};
+const Figures& figures_of(Quantity q) {
+  using Band = SaturatedBand;
+  static constexpr std::array<Figures, 4> all{
+      {{1e-3, 2e-3, 0, 1e-14, &SaturatedCell::v, [](const Band& band) -> auto& {return band.v;
+}
+}  // namespace
+, {1, 1e-3, 4e-11, 0, &SaturatedCell::h, [](const Band& band) -> auto& {return band.h;
+}  // namespace steam
+}
+, {1e-3, 5e-4, 1e-12, 0, &SaturatedCell::s, [](const Band& band) -> auto& {return band.s;
+}
+}
+, {1, 1e-3, 4e-11, 0, &SaturatedCell::u, [](const Band& band) -> auto& {return band.u;
+}
+}
+,
+}
+}
+;
+return all[static_cast<std::size_t>(q) - static_cast<std::size_t>(Quantity::v)];
+}
+
 struct Quality {
   Quantity q;
   double value, x;
 
   [[nodiscard]] const SaturatedProfile& profile(const SaturatedBand& band) const {
-    return q == Quantity::s ? band.s : band.v;
+    return figures_of(q).profile(band);
   }
-  [[nodiscard]] double at_side(const SaturatedBand& band, int i) const {
-    return Ends{profile(band).liquid[i], profile(band).vapour[i]}.mixed(x) - value;
+  [[nodiscard]] double at_side(const SaturatedProfile& profile, int i) const {
+    return Ends{profile.liquid[i], profile.vapour[i]}.mixed(x) - value;
   }
   [[nodiscard]] CellPolynomial polynomial(const SaturatedCell& cell) const {
-    const SaturatedPolynomial& ends = q == Quantity::s ? cell.s : cell.v;
+    const SaturatedPolynomial& ends = cell.*figures_of(q).polynomial;
     CellPolynomial mixed{};
     for (std::size_t k = 0; k < saturated_terms; ++k) {
       mixed.c[k] = ends[k][0] + x * (ends[k][1] - ends[k][0]);
@@ -78,9 +110,7 @@ struct Quality {
   template <class Saturation>
   [[nodiscard]] double exact(double t) const {
     const Saturation saturation(t, saturation_pressure(t));
-    return (q == Quantity::s ? saturation.template ends<Quantity::s>()
-                             : saturation.template ends<Quantity::v>())
-               .mixed(x) -
+    return with_quantity(q, [&]<Quantity Q>() { return saturation.template ends<Q>(); }).mixed(x) -
            value;
   }
   /// The equations' slope too, over the temperature.
@@ -88,13 +118,12 @@ struct Quality {
   [[nodiscard]] Slope sloped(double t) const {
     const SaturationPressure line = sloped_saturation_pressure(t);
     const Saturation saturation(t, line.p);
-    const SlopedEnds ends = q == Quantity::s
-                                ? saturation.template sloped_ends<Quantity::s>(line.over_t)
-                                : saturation.template sloped_ends<Quantity::v>(line.over_t);
+    const SlopedEnds ends = with_quantity(
+        q, [&]<Quantity Q>() { return saturation.template sloped_ends<Q>(line.over_t); });
     return {ends.value.mixed(x) - value, ends.slope.mixed(x)};
   }
   /// Differences that the table cannot tell.
-  [[nodiscard]] double doubt() const { return 1e-8 * (std::abs(value) + 1e-3); }
+  [[nodiscard]] double doubt() const { return 1e-8 * (std::abs(value) + figures_of(q).size); }
 };
 
 /// One cell of the table and its temperatures.
@@ -146,9 +175,9 @@ class Scan {
   void band(const SaturatedBand& band) {
     const SaturatedProfile& profile = target_.profile(band);
     const double x = target_.x, doubt = target_.doubt();
-    double left = target_.at_side(band, 0);
+    double left = target_.at_side(profile, 0);
     for (int i = 0; i < band.cells && wants_more(); ++i) {
-      const double right = target_.at_side(band, i + 1);
+      const double right = target_.at_side(profile, i + 1);
       const bool enclosed = std::min(left, right) <= doubt && std::max(left, right) >= -doubt;
       if (enclosed || (x >= profile.least_turning[i] && x <= profile.most_turning[i])) {
         cell<Saturation>({&band, i});
@@ -273,8 +302,7 @@ class Scan {
 
   [[nodiscard]] Ends tabulated_at(double t) const {
     const TabulatedSaturation saturation(t);
-    return target_.q == Quantity::s ? saturation.ends<Quantity::s>()
-                                    : saturation.ends<Quantity::v>();
+    return with_quantity(target_.q, [&]<Quantity Q>() { return saturation.ends<Q>(); });
   }
 
   /// Where the table does not tell all: above and below the jump.
@@ -291,7 +319,7 @@ class Scan {
         closed_on_jump_ = t;
       }
     };
-    const double room = target_.q == Quantity::s ? 5e-4 : 2e-3;
+    const double room = figures_of(target_.q).room;
     const auto is_between = [&](double least, double most) {
       return target_.value > least * (1 - room) && target_.value < most * (1 + room);
     };
@@ -305,7 +333,8 @@ class Scan {
   }
 
   [[nodiscard]] double rounding() const {
-    return target_.q == Quantity::s ? 1e-12 : 1e-14 * target_.value;
+    const Figures& figures = figures_of(target_.q);
+    return figures.rounding + figures.relative_rounding * target_.value;
   }
 
   void add(double t) { states_.sites.empty() || !is_last(t) ? add_new(t) : void(); }
@@ -340,7 +369,7 @@ WetStates wet_states(Quantity q, double value, double x, bool only_first) {
     found.nearest.approximate = true;
   };
   constexpr double above = t_jump + 1e-8, below = t_jump - 1e-8;
-  if (std::abs(target.at_side(saturated_to_350, 0)) < misfit(q, value)) {
+  if (std::abs(target.at_side(target.profile(saturated_to_350), 0)) < misfit(q, value)) {
     at(t_350);
   } else if (scan.closed_on_jump() > 0) {
     at(scan.closed_on_jump());

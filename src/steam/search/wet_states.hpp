@@ -4,7 +4,7 @@
 
 namespace steam {
 
-/// Wet states of a quality and a volume or an entropy.
+/// Wet states of a quality and a volume, an enthalpy, an entropy or an energy.
 struct WetStates {
   Solutions all;  ///< from the highest temperature down
   Site nearest;   ///< if there is none: of the two sides of a gap, the nearer

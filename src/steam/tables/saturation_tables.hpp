@@ -53,7 +53,7 @@ struct SaturatedProfile {
 
 struct SaturatedTable {
   SaturatedCell cells[saturated_cells];
-  SaturatedProfile v, s;
+  SaturatedProfile v, h, s, u;
 };
 struct SaturatedTables {
   SaturatedTable above_350, to_350;
@@ -68,14 +68,15 @@ struct SaturatedBand {
   double origin, scale;
   int cells;
   const SaturatedCell* polynomials;
-  const SaturatedProfile &v, &s;
+  const SaturatedProfile &v, &h, &s, &u;
 };
 
 /// The width of a cell of the band between two roots.
 constexpr double saturated_width(Interval r) { return (r.high - r.low) / saturated_cells; }
 
 constexpr SaturatedBand saturated_band(Interval r, const SaturatedTable& table) {
-  return {r.low, 1 / saturated_width(r), saturated_cells, table.cells, table.v, table.s};
+  return {r.low,  1 / saturated_width(r), saturated_cells, table.cells, table.v, table.h, table.s,
+          table.u};
 }
 inline constexpr SaturatedBand saturated_above_350 =
     saturated_band({0, r_350}, saturated_tables.above_350);
