@@ -45,15 +45,13 @@ class Line {
 
   BatchCounts run() {
     begin();
-    std::vector<std::thread> threads;
+    std::vector<std::jthread> threads;
     const unsigned cores = std::max(std::thread::hardware_concurrency(), 1U);
     for (unsigned i = 1; i < (options_.threads > 0 ? options_.threads : cores); ++i) {
       threads.emplace_back([this] { work(); });
     }
     work();
-    for (std::thread& thread : threads) {
-      thread.join();
-    }
+    threads.clear();  // joins them
     if (thrown_) {
       std::rethrow_exception(thrown_);
     }
