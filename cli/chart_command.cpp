@@ -24,6 +24,7 @@ constexpr std::array diagrams{steam::Diagram::hs, steam::Diagram::ts, steam::Dia
 
 std::vector<std::string> diagram_names() {
   std::vector<std::string> names;
+  names.reserve(diagrams.size());
   for (const steam::Diagram diagram : diagrams) {
     names.emplace_back(steam::info(diagram).letters);
   }

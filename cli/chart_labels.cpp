@@ -67,8 +67,9 @@ class Placement {
     const Spot half = half_size(stroke.text);
     for (const Trace& trace : stroke.parts) {
       const Walk walk(trace);
-      for (double way = half.x; way <= walk.whole() - half.x; way += step) {
-        if (const std::optional<Box> box = box_on(walk, way, half)) {
+      const int places = static_cast<int>(std::floor((walk.whole() - 2 * half.x) / step));
+      for (int i = 0; i <= places; ++i) {
+        if (const std::optional<Box> box = box_on(walk, half.x + i * step, half)) {
           consider(stroke, *box, best);
         }
       }

@@ -43,7 +43,7 @@ Label label_of(const Note& note, const Chart& chart, const std::vector<Trace>& f
   const Spot half = half_size(note.text);
   Label label{note.text, {}, process_colour};
   double least = std::numeric_limits<double>::infinity();
-  for (double distance = 4; distance < 100; distance += 6) {
+  for (int distance = 4; distance < 100; distance += 6) {
     for (int i = 0; i < 16; ++i) {
       const double angle = std::numbers::pi / 8 * (i + 2);  // the first: to the right and up
       const Spot side{std::cos(angle), std::sin(angle)};

@@ -61,6 +61,7 @@ std::vector<std::string> fields_of(const std::string& line) {
   std::vector<std::string_view> parts;
   Csv{}.split(line, parts);
   std::vector<std::string> fields;
+  fields.reserve(parts.size());
   std::string buffer;
   for (const std::string_view part : parts) {
     fields.emplace_back(content(part, buffer));
@@ -141,8 +142,9 @@ double nearest(const Trace& trace, Spot spot) {
 Trace between(const Trace& trace, Spot from, Spot to) {
   const double a = nearest(trace, from), b = nearest(trace, to);
   Trace part{from};
-  for (double i = std::floor(std::min(a, b)) + 1; i < std::max(a, b); ++i) {
-    part.push_back(trace[static_cast<std::size_t>(i)]);
+  for (auto i = static_cast<std::size_t>(std::min(a, b)) + 1;
+       static_cast<double>(i) < std::max(a, b); ++i) {
+    part.push_back(trace[i]);
   }
   if (a > b) {
     std::reverse(part.begin() + 1, part.end());
@@ -181,7 +183,7 @@ std::vector<Mark> read_process(const std::string& path) {
   std::vector<Mark> marks;
   std::string line;
   for (int number = 1; std::getline(file, line); ++number) {
-    line.erase(line.find_last_not_of("\r") + 1);
+    line.erase(line.find_last_not_of('\r') + 1);
     if (line.empty() || line[0] == '#') {
       continue;
     }

@@ -145,6 +145,7 @@ std::string legend(const std::vector<const LineStyle*>& styles) {
 
 std::vector<std::string> chart_formats() {
   std::vector<std::string> names;
+  names.reserve(formats.size());
   for (const Format& format : formats) {
     names.emplace_back(format.name);
   }

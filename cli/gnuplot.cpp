@@ -12,8 +12,6 @@
 
 #include "failure.hpp"
 
-extern char** environ;
-
 namespace command {
 namespace {
 

@@ -30,6 +30,7 @@ if(VEK_BUILD_CLI)
 endif()
 set(CPACK_DEBIAN_LIBVEK-DEV_PACKAGE_DEPENDS
     "libvek1 (= ${PROJECT_VERSION}), libvek-steam1 (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_VEK_PACKAGE_RECOMMENDS "gnuplot-nox")  # draws the charts
 foreach(library LIBVEK1 LIBVEK-STEAM1)
   set(CPACK_DEBIAN_${library}_PACKAGE_CONTROL_EXTRA
       ${CMAKE_CURRENT_SOURCE_DIR}/packaging/debian/triggers)
