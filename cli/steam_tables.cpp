@@ -158,7 +158,7 @@ PrintedTable saturation_table(Property by, const std::vector<double>& list, cons
   PrintedTable::Block block;
   block.columns = {column(first),   column(second), column(v, "'"), column(v, "\""), column(h, "'"),
                    column(h, "\""), column(h),      column(s, "'"), column(s, "\"")};
-  block.columns[6].name = "r";
+  block.columns[6].name.assign(1, 'r');
   for (const double value : list) {
     const Pair pair = by_pressure ? Pair::px : Pair::tx;
     const auto liquid = values({pair, value, 0}, units), vapour = values({pair, value, 1}, units);

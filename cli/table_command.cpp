@@ -48,8 +48,9 @@ int write_saturation(const SaturationOptions& options) {
   // Round values in the units of the engine, whatever those of the table are.
   const std::vector<double> values =
       !options.values.empty() ? parse_ranges(options.values, by, units)
-      : by_pressure ? parse_ranges("0.01,0.02:0.1:0.02,0.2:1:0.2,2:20:2,30:220:10,221.2", by, {})
-                    : parse_ranges("0.01,5:370:5,374.15", by, {});
+      : by_pressure
+          ? parse_ranges("0.01,0.02:0.1:0.02,0.2:1:0.2,2:20:2,30:220:10,221.2", by, Units())
+          : parse_ranges("0.01,5:370:5,374.15", by, Units());
   return write(options, saturation_table(by, values, units));
 }
 

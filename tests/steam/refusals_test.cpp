@@ -39,6 +39,9 @@ TEST(Refusals, NameTheValueAndWhatIsAccepted) {
       {Pair::ps, Reason::value, 100, 20, "entropy 20 is outside -0.00655 to 11.9183 kJ/(kg K)"},
       {Pair::pu, Reason::value, 1, 4000,
        "internal energy 4000 is outside -1e-08 to 3663.477 kJ/kg"},
+      // The equation of subregion 3 has such pressures once more, where there are no states.
+      {Pair::ts, Reason::no_state, 391.3, 3, "no state of the formulation has both values"},
+      {Pair::tv, Reason::no_state, 433.5, 0.000977, "no state of the formulation has both values"},
       {Pair::hs, Reason::no_state, 100, 9, "no state of the formulation has both values"},
       {Pair::sx, Reason::no_state, 9, 0.1, "no state of the formulation has both values"},
   };

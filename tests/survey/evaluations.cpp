@@ -13,17 +13,14 @@ void* const subregions[]{reinterpret_cast<void*>(&formulation::terms1<steam::Mat
                          reinterpret_cast<void*>(&formulation::derivatives3<steam::Math>)};
 
 using Pressure = formulation::PressureSlope<double> (*)(const steam::Isotherm&, double);
-void* const others[]{
-    reinterpret_cast<void*>(static_cast<Pressure>(&formulation::pressure<double>)),
-    reinterpret_cast<void*>(&formulation::saturation_terms<double>)};
+void* const others[]{reinterpret_cast<void*>(static_cast<Pressure>(&formulation::pressure<double>)),
+                     reinterpret_cast<void*>(&formulation::saturation_terms<double>)};
 
 }  // namespace
 
 // This file is compiled like the engine, since the linker may take its copy of an equation.
 [[gnu::no_instrument_function]] long evaluations::count() { return of_subregions; }
-[[gnu::no_instrument_function]] long evaluations::count_all() {
-  return of_subregions + of_others;
-}
+[[gnu::no_instrument_function]] long evaluations::count_all() { return of_subregions + of_others; }
 
 // NOLINTBEGIN(bugprone-reserved-identifier): the compiler calls these
 extern "C" [[gnu::no_instrument_function]] void __cyg_profile_func_enter(void* function,

@@ -110,11 +110,15 @@ inline bool is_unsaturated(const Site& site) {
                              : site.v > v.vapour * (1 + volume_doubt);
 }
 
+/// Subregion 3 is densest at 1000 bar and 350 °C, 0.00131472 m³/kg: its equation has the pressures
+/// of the range once more at smaller volumes, where there are no states.
+constexpr double v_densest = 0.0013147;
+
 inline Sure of_dense(const Site& site, Overlap overlap) {
   const double p_line = line_pressure(site.t);
   const bool inside = site.t > t_350 + (overlap.kelvins > 0 ? t_doubt : 0) &&
                       site.t < t_line_end - t_doubt && site.p > p_line * (1 + p_doubt) &&
-                      is_unsaturated(site);
+                      site.v > v_densest && is_unsaturated(site);
   if (!inside) {
     return unsure;
   }

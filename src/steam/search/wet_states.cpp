@@ -64,28 +64,27 @@ struct Figures {
   double room;
   double rounding, relative_rounding;
   SaturatedPolynomial SaturatedCell::*polynomial;
-  const SaturatedProfile& (*profile)(const SaturatedBand& band);
 };
 const Figures& figures_of(Quantity q) {
-  using Band = SaturatedBand;
-  static constexpr std::array<Figures, 4> all{
-      {{1e-3, 2e-3, 0, 1e-14, &SaturatedCell::v, [](const Band& band) -> auto& {return band.v;
+  using Cell = SaturatedCell;
+  static constexpr std::array<Figures, 4> all{{{1e-3, 2e-3, 0, 1e-14, &Cell::v},
+                                               {1, 1e-3, 4e-11, 0, &Cell::h},
+                                               {1e-3, 5e-4, 1e-12, 0, &Cell::s},
+                                               {1, 1e-3, 4e-11, 0, &Cell::u}}};
+  return all[static_cast<std::size_t>(q) - static_cast<std::size_t>(Quantity::v)];
 }
-}  // namespace
-, {1, 1e-3, 4e-11, 0, &SaturatedCell::h, [](const Band& band) -> auto& {return band.h;
-}  // namespace steam
-}
-, {1e-3, 5e-4, 1e-12, 0, &SaturatedCell::s, [](const Band& band) -> auto& {return band.s;
-}
-}
-, {1, 1e-3, 4e-11, 0, &SaturatedCell::u, [](const Band& band) -> auto& {return band.u;
-}
-}
-,
-}
-}
-;
-return all[static_cast<std::size_t>(q) - static_cast<std::size_t>(Quantity::v)];
+
+const SaturatedProfile& profile_of(const SaturatedBand& band, Quantity q) {
+  switch (q) {
+    case Quantity::v:
+      return band.v;
+    case Quantity::h:
+      return band.h;
+    case Quantity::s:
+      return band.s;
+    default:
+      return band.u;
+  }
 }
 
 struct Quality {
@@ -93,7 +92,7 @@ struct Quality {
   double value, x;
 
   [[nodiscard]] const SaturatedProfile& profile(const SaturatedBand& band) const {
-    return figures_of(q).profile(band);
+    return profile_of(band, q);
   }
   [[nodiscard]] double at_side(const SaturatedProfile& profile, int i) const {
     return Ends{profile.liquid[i], profile.vapour[i]}.mixed(x) - value;

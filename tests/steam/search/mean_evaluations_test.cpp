@@ -1,10 +1,9 @@
-#include "survey/evaluations.hpp"
-
 #include <gtest/gtest.h>
 
 #include <map>
 
 #include "round_trips.hpp"
+#include "survey/evaluations.hpp"
 
 // What a state costs: charts, tables and slopes that lead astray show here, and hardly elsewhere.
 
