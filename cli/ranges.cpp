@@ -34,14 +34,14 @@ double number(std::string_view text) {
 /// In the user's unit.
 std::vector<double> values_between(double from, double to, double step) {
   const double count = std::floor((to - from) / step * (1 + 1e-12) + 1e-9);
-  if (!(step > 0) || !(count >= 0) || count > most_values) {
+  if (!(step > 0) || !std::isfinite(step) || !(count >= 0) || count > most_values) {
     throw Failure(wrong_usage, fmt::format("{}:{}:{} is no range FROM:TO:STEP of at most {} values",
                                            from, to, step, most_values));
   }
   const double multiple = std::round(from / step) * step;
   const double base = std::abs(from - multiple) < 0.01 * step ? multiple : from;
   std::vector<double> values{from};
-  for (double i = 1; base + i * step <= to + 1e-9 * step; ++i) {
+  for (double i = 1; i <= count + 1 && base + i * step <= to + 1e-9 * step; ++i) {
     values.push_back(base + i * step);
   }
   return values;
