@@ -50,9 +50,10 @@ Rows rows(const Task& task, Region region, std::size_t count) {
   Rows all;
   while (all.first.size() < count) {
     const auto g = round_trips::given(task.pair, round_trips::random_state(region, random));
-    // Of several states of a pair only the preferred one is searched.
-    if (steam::value(task.pair, g.first, g.second, Property::region) ==
-        static_cast<double>(region)) {
+    // Of several states of a pair only the preferred one is searched; of (h,u) that is mostly in
+    // another region.
+    if (task.pair == Pair::hu || steam::value(task.pair, g.first, g.second, Property::region) ==
+                                     static_cast<double>(region)) {
       all.first.push_back(g.first);
       all.second.push_back(g.second);
     }

@@ -28,6 +28,7 @@ Limit limit_of(Pair pair) {
   return letters[1] == 'x'   ? Limit{700, 1500}
          : letters[0] == 'p' ? Limit{800, 800}
          : letters[0] == 't' ? Limit{120, 250}
+         : pair == Pair::hu  ? Limit{1000, 3500}  // its lines turn, and it has no chart
                              : Limit{800, 3500};
 }
 
