@@ -1,7 +1,5 @@
 #include "steam/basis_of.hpp"
 
-#include <algorithm>
-
 #include "formulation/transport.hpp"
 #include "steam/search/quantity.hpp"
 #include "steam/search/wet_search.hpp"
@@ -114,16 +112,13 @@ constexpr bool wants_one_phase(const Needs& needs) {
   return needs.parts.cp || needs.parts.slopes || needs.viscosity || needs.conductivity;
 }
 
-/// A quality, which rounding and the misfit of the equations may take past its ends.
-double within_ends(double x) { return std::clamp(x, 0.0, 1.0); }
-
 /// Quality and mixed quantities.
 void mixture(const Site& site, const Needs& needs, Basis& out) {
   Parts wanted{.v = needs.parts.v, .h = needs.parts.h, .s = needs.parts.s};
   const bool is_open = site.given != Quantity::x;
   const bool wants_quality = needs.quality || wants_one_phase(needs);
   if (wanted.within(nothing) && !(wants_quality && is_open)) {
-    out.x = within_ends(site.x);
+    out.x = site.x;
     return;
   }
   const Parts for_quality = parts_of(site.given);
@@ -132,7 +127,7 @@ void mixture(const Site& site, const Needs& needs, Basis& out) {
   const Ends given{quantity_of(liquid, site.given, site.p),
                    quantity_of(vapour, site.given, site.p)};
   const double x = is_open ? given.quality(site.value) : site.x;
-  out.x = within_ends(x);
+  out.x = x;
   out.v = Ends{liquid.v, vapour.v}.mixed(x);
   out.h = Ends{liquid.h, vapour.h}.mixed(x);
   out.s = Ends{liquid.s, vapour.s}.mixed(x);
