@@ -66,6 +66,16 @@ class Tangent {
   double last_x_ = HUGE_VAL, last_value_ = 0;
 };
 
+/// Whether the step to `next` ends the iteration: it is as small as is wanted, or the second in a
+/// row that is rounding.
+inline bool is_last_step(const Tangent& tangent, double x, Slope y, double next, double last_step,
+                         Enough enough) {
+  const double share = std::abs((next - x) / x);
+  const double rounding = rounding_steps * enough.step;
+  return (share <= enough.step && tangent.is_last(x, y, enough.step)) ||
+         (share <= rounding && last_step <= rounding * std::abs(x));
+}
+
 /// The engine's only iteration of one variable: Newton steps from a start, halvings of the bracket
 /// where a step leaves it or is not much shorter than the one before.
 /// @param f      gives a Slope; where its derivative is not a number secants take its place
@@ -88,10 +98,7 @@ template <class F>
     }
     bracket.narrow(x, (y.value < 0) == rises);
     const double newton = tangent.crossing(x, y);
-    const double share = std::abs((newton - x) / x);
-    const bool is_rounding = share <= rounding_steps * enough.step &&
-                             last_step <= rounding_steps * enough.step * std::abs(x);
-    if ((share <= enough.step && tangent.is_last(x, y, enough.step)) || is_rounding) {
+    if (is_last_step(tangent, x, y, newton, last_step, enough)) {
       return {whole.nearest(newton), n, true};
     }
     tangent.move(x, y);
