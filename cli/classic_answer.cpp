@@ -95,6 +95,7 @@ std::string list_for(int region) {
 
 std::vector<steam::Property> classic_properties() {
   std::vector<steam::Property> properties;
+  properties.reserve(items.size());
   for (const Item& item : items) {
     properties.push_back(item.property);
   }

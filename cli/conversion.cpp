@@ -7,6 +7,7 @@
 #include <array>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <string_view>
 
 #include "failure.hpp"
@@ -49,12 +50,27 @@ ut_system* database() {
 
 std::mutex one_at_a_time;  // the library is not made for threads
 
+/// What the library's parser has refused. It loses memory each time, which adds up where every row
+/// of a file has the same wrong unit.
+bool is_refused(const std::string& text, bool refused_now) {
+  constexpr std::size_t most = 1000;
+  static std::set<std::string> refused;
+  if (refused_now && refused.size() < most) {
+    refused.insert(text);
+  }
+  return refused_now || refused.count(text) > 0;
+}
+
 /// Control characters are not for the library's parser, which prints what it cannot read.
 Unit unit_of(const std::string& text) {
-  if (std::any_of(text.begin(), text.end(), [](unsigned char c) { return c < ' '; })) {
+  const bool printable =
+      std::none_of(text.begin(), text.end(), [](unsigned char c) { return c < ' '; });
+  if (!printable || is_refused(text, false)) {
     return nullptr;
   }
-  return Unit(ut_parse(database(), text.empty() ? "1" : text.c_str(), UT_UTF8));
+  Unit unit(ut_parse(database(), text.empty() ? "1" : text.c_str(), UT_UTF8));
+  (void)is_refused(text, !unit);
+  return unit;
 }
 
 /// Degrees as people write them: the letters by themselves are coulomb, farad and röntgen.

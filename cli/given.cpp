@@ -16,6 +16,7 @@ bool is_first(const steam::State& state, const Given& given) {
 
 std::vector<steam::Pair> all_pairs() {
   std::vector<steam::Pair> pairs;
+  pairs.reserve(steam::pair_count);
   for (std::size_t i = 0; i < steam::pair_count; ++i) {
     pairs.push_back(static_cast<steam::Pair>(i));
   }

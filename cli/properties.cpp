@@ -39,6 +39,7 @@ bool equal_but_for_case(std::string_view a, std::string_view b) {
 
 std::vector<steam::Property> all_properties() {
   std::vector<steam::Property> all;
+  all.reserve(steam::property_count);
   for (std::size_t i = 0; i < steam::property_count; ++i) {
     all.push_back(static_cast<steam::Property>(i));
   }

@@ -42,7 +42,7 @@ std::string fixed(double number, int decimals) {
 std::string Cells::operator()(double value) const {
   const double number = unit.from_base(value);
   const auto magnitude = static_cast<int>(std::log10(unit.from_base.slope));
-  const std::string digits = significant(number, 5);
+  std::string digits = significant(number, 5);
   switch (property) {
     case Property::h:
       return fixed(number, 1 - magnitude);
@@ -147,6 +147,34 @@ PrintedTable::Block block_of(const std::vector<double>& pressures,
   return block;
 }
 
+/// The states of an isobar, the saturated ones where they belong.
+std::vector<Given> states_at(double p, const std::vector<double>& temperatures) {
+  std::vector<Given> states;
+  for (const double t : temperatures) {
+    states.push_back({Pair::pt, p, t});
+  }
+  if (has_saturation(p)) {
+    const double saturation = steam::value(Pair::px, p, 0, Property::t);
+    const auto place = std::find_if(states.begin(), states.end(),
+                                    [&](const Given& given) { return given.second >= saturation; });
+    states.insert(place, {{Pair::px, p, 0}, {Pair::px, p, 1}});
+  }
+  return states;
+}
+
+Row list_row(const Given& given, const Units& units) {
+  const Cells pressure = cells_of(Property::p, units), temperature = cells_of(Property::t, units);
+  const steam::State state = state_or_failure(given, units);
+  const bool saturated = given.pair == Pair::px;
+  const char* const phase = !saturated          ? state.phase()
+                            : given.second == 0 ? "saturated water"
+                                                : "saturated steam";
+  Row row{pressure.chosen(given.first),
+          saturated ? temperature(state.t) : temperature.chosen(state.t), phase};
+  append(row, cells(values(given, units), units));
+  return row;
+}
+
 }  // namespace
 
 PrintedTable saturation_table(Property by, const std::vector<double>& list, const Units& units) {
@@ -181,33 +209,15 @@ PrintedTable water_steam_table(const Grid& grid, std::size_t pressures_beside, c
 }
 
 PrintedTable water_steam_list(const Grid& grid, const Units& units) {
-  const Cells pressure = cells_of(Property::p, units), temperature = cells_of(Property::t, units);
   PrintedTable::Block block;
-  block.columns = {column(pressure), column(temperature), {"phase", ""}};
+  block.columns = {
+      column(cells_of(Property::p, units)), column(cells_of(Property::t, units)), {"phase", ""}};
   for (const Property property : shown) {
     block.columns.push_back(column(cells_of(property, units)));
   }
   for (const double p : grid.pressures) {
-    std::vector<Given> states;
-    for (const double t : grid.temperatures) {
-      states.push_back({Pair::pt, p, t});
-    }
-    const double saturation = steam::value(Pair::px, p, 0, Property::t);
-    if (has_saturation(p)) {
-      const auto place = std::find_if(states.begin(), states.end(), [&](const Given& given) {
-        return given.second >= saturation;
-      });
-      states.insert(place, {{Pair::px, p, 0}, {Pair::px, p, 1}});
-    }
-    for (const Given& given : states) {
-      const bool saturated = given.pair == Pair::px;
-      const char* const phase = !saturated          ? state_or_failure(given, units).phase()
-                                : given.second == 0 ? "saturated water"
-                                                    : "saturated steam";
-      Row row{pressure.chosen(p),
-              saturated ? temperature(saturation) : temperature.chosen(given.second), phase};
-      append(row, cells(values(given, units), units));
-      block.rows.push_back(row);
+    for (const Given& given : states_at(p, grid.temperatures)) {
+      block.rows.push_back(list_row(given, units));
     }
   }
   return table("Water and steam", units, {block});

@@ -18,7 +18,7 @@ void run(const std::vector<std::uint8_t>& input) {
 std::vector<std::uint8_t> altered(std::vector<std::uint8_t> input, std::mt19937& dice) {
   constexpr char likely[] = "\",\n\r#:=.-+eE09 \x80\xC2";
   for (unsigned i = dice() % 4 + 1; i > 0 && !input.empty(); --i) {
-    const auto place = input.begin() + dice() % input.size();
+    const auto place = input.begin() + static_cast<std::ptrdiff_t>(dice() % input.size());
     switch (dice() % 3) {
       case 0:
         *place = static_cast<std::uint8_t>(likely[dice() % sizeof likely]);
