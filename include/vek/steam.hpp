@@ -310,7 +310,7 @@ struct Options {
   const Pool* pool = nullptr;  ///< works on its threads instead
 };
 
-/// The text of a number that a property or pair has in tables and messages.
+/// What tables and messages say of a property or a pair.
 struct PropertyInfo {
   const char *name, *letter, *unit;  ///< such as "enthalpy", "h", "kJ/kg"
   bool in_one_phase, in_wet_states;  ///< whether such states have it
@@ -369,7 +369,9 @@ inline void check(int code) {
   }
 }
 
-inline Phase phase_of(const vek_steam_phase& from) {
+/// The properties of a phase, which a state has in the same names.
+template <class Record>
+Phase phase_of(const Record& from) {
   return {from.p,
           from.t,
           from.v,
@@ -389,20 +391,7 @@ inline Phase phase_of(const vek_steam_phase& from) {
 inline State state_of(const vek_steam_state& from, const vek_steam_phase& liquid,
                       const vek_steam_phase& vapour) {
   State state;
-  static_cast<Phase&>(state) = {from.p,
-                                from.t,
-                                from.v,
-                                from.h,
-                                from.s,
-                                from.u,
-                                from.density,
-                                from.cp,
-                                from.cv,
-                                from.speed_of_sound,
-                                from.isentropic_exponent,
-                                from.viscosity,
-                                from.conductivity,
-                                from.prandtl};
+  static_cast<Phase&>(state) = phase_of(from);
   state.region = static_cast<Region>(from.region);
   state.x = from.x;
   state.surface_tension = from.surface_tension;
