@@ -106,13 +106,18 @@ Values evaluated(Pair pair, double first, double second) {
 /// How far a state may be off its equations. At the lowest pressure saturated water is colder than
 /// the lowest temperature by 4e-9 K, which it then has.
 double rounding(const State& s, Pair pair) {
-  const bool line = pair <= Pair::tv || pair == Pair::th;
-  const bool with_quality = round_trips::name(pair)[1] == 'x' && pair > Pair::tx;
-  return s.p < 0.0061124441                           ? 3e-10
-         : with_quality                               ? (s.t > 374.149 ? 1e-8 : 1e-9)
-         : pair == Pair::hs || pair == Pair::us       ? 4e-11
-         : !line || s.region == Region::wet_above_350 ? 1e-11
-                                                      : 3e-12;
+  const std::string letters = round_trips::name(pair);
+  if (s.p < 0.0061124441) {
+    return 3e-10;
+  }
+  if (letters[1] == 'x' && pair > Pair::tx) {
+    return s.t > 374.149 ? 1e-8 : 1e-9;
+  }
+  if (pair == Pair::hs || pair == Pair::us) {
+    return 4e-11;
+  }
+  const bool along_line = pair <= Pair::tv || pair == Pair::th;
+  return along_line && s.region != Region::wet_above_350 ? 3e-12 : 1e-11;
 }
 
 /// Of an approximate state: the regions miss each other by this.

@@ -3,7 +3,7 @@
 
 #include "vek/steam.hpp"
 
-int main() {
+int main() {  // NOLINT(bugprone-exception-escape)
   using steam::Pair;
   using steam::Property;
 
