@@ -4,7 +4,7 @@ target_include_directories(platform_module_object PRIVATE ${PROJECT_SOURCE_DIR}/
 add_test(NAME platform/module_object COMMAND platform_module_object $<TARGET_FILE:vek>)
 
 add_executable(platform_math_error_notice math_error_notice.cpp)
-target_link_libraries(platform_math_error_notice PRIVATE classic)
+target_link_libraries(platform_math_error_notice PRIVATE vek_classic)
 add_test(NAME platform/math_error_notice COMMAND platform_math_error_notice)
 
 # A host linked by the import libraries for Microsoft's linker.
