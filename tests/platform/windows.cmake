@@ -7,6 +7,13 @@ add_executable(platform_math_error_notice math_error_notice.cpp)
 target_link_libraries(platform_math_error_notice PRIVATE vek_classic)
 add_test(NAME platform/math_error_notice COMMAND platform_math_error_notice)
 
+add_test(NAME platform/version
+         COMMAND ${Python3_EXECUTABLE} -c "
+import sys
+told = ('FileVersion\\0\\0' + sys.argv[1]).encode('utf-16-le')
+sys.exit([file for file in sys.argv[2:] if told not in open(file, 'rb').read()] or None)"
+                 ${PROJECT_VERSION} $<TARGET_FILE:vek> $<TARGET_FILE:vek-steam>)
+
 # A host linked by the import libraries for Microsoft's linker.
 add_executable(platform_import_libraries import_libraries.c)
 target_include_directories(platform_import_libraries PRIVATE ${PROJECT_SOURCE_DIR}/include)
