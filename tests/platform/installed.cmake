@@ -1,8 +1,11 @@
-# The binary interface against its baseline, and consumers of an installed prefix.
+# The binary interfaces against their baselines, and consumers of an installed prefix.
 find_program(ABIDIFF abidiff REQUIRED)
-add_test(NAME platform/abi
-         COMMAND ${ABIDIFF} --exported-interfaces-only --drop-private-types
-                 --headers-dir2 ${PROJECT_SOURCE_DIR}/include/vek ${here}/vek.abi $<TARGET_FILE:vek>)
+foreach(library vek vek-steam)
+  add_test(NAME platform/abi_of_${library}
+           COMMAND ${ABIDIFF} --exported-interfaces-only --drop-private-types
+                   --headers-dir2 ${PROJECT_SOURCE_DIR}/include/vek ${here}/${library}.abi
+                   $<TARGET_FILE:${library}>)
+endforeach()
 
 set(prefix ${CMAKE_CURRENT_BINARY_DIR}/prefix)
 add_test(NAME platform/install
