@@ -1,6 +1,10 @@
 # Debian packages, one for each component. The preset `debian` makes them, whose prefix is /usr.
 set(CPACK_GENERATOR DEB)
+# Who makes the packages, as Debian's own tools are told.
 set(CPACK_PACKAGE_CONTACT "The maintainers of Vek <maintainers@vek.example>")
+if(DEFINED ENV{DEBEMAIL} AND DEFINED ENV{DEBFULLNAME})
+  set(CPACK_PACKAGE_CONTACT "$ENV{DEBFULLNAME} <$ENV{DEBEMAIL}>")
+endif()
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL libvek1 libvek-steam1 libvek-dev)
 set(CPACK_STRIP_FILES ON)
