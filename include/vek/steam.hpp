@@ -207,17 +207,14 @@ enum class Property : std::uint8_t {
 };
 constexpr std::size_t property_count = 32;
 
-/// The property of the saturated liquid or vapour of a wet state, as one more property.
-/// @param property  one of those above
-/// @outside         missing in one phase
-constexpr Property of_liquid(Property property) {
-  return static_cast<Property>(static_cast<int>(property) + VEK_STEAM_OF_LIQUID);
-}
-constexpr Property of_vapour(Property property) {
-  return static_cast<Property>(static_cast<int>(property) + VEK_STEAM_OF_VAPOUR);
-}
-
 namespace detail {
+
+constexpr Property of_phase(Property property, int phase) {
+  if (static_cast<std::size_t>(property) >= property_count) {
+    throw std::invalid_argument("steam: a property of a phase of a phase");
+  }
+  return static_cast<Property>(static_cast<int>(property) + phase);
+}
 
 /// What T has to be so that a range of it stands where a range of `Wanted` is taken.
 template <class Range, class Wanted>
@@ -226,7 +223,19 @@ using IfRange = std::enable_if_t<std::is_convertible_v<
 
 }  // namespace detail
 
-/// Neighbouring values in memory. Containers, arrays and the standard's span convert to it.
+/// The property of the saturated liquid or vapour of a wet state, as one more property.
+/// @param property  one of those above
+/// @outside         missing in one phase; throws std::invalid_argument for any other number, such
+///                  as that of a property of a phase
+constexpr Property of_liquid(Property property) {
+  return detail::of_phase(property, VEK_STEAM_OF_LIQUID);
+}
+constexpr Property of_vapour(Property property) {
+  return detail::of_phase(property, VEK_STEAM_OF_VAPOUR);
+}
+
+/// Neighbouring values in memory. Containers, arrays and the standard's span convert to it, and for
+/// the time of a call a list, as in `evaluate(pair, p, h, {Property::t, Property::s}, ...)`.
 template <class T>
 class Span {
  public:
@@ -235,6 +244,9 @@ class Span {
   template <class Range, class = detail::IfRange<Range, T>>
   constexpr Span(Range&& range)  // NOLINT(*-explicit-*, *-forwarding-*, *-missing-std-forward)
       : data_(std::data(range)), size_(std::size(range)) {}
+  template <class Item = T, class = std::enable_if_t<std::is_const_v<Item>>>
+  constexpr Span(std::initializer_list<std::remove_const_t<Item>> list)
+      : data_(std::data(list)), size_(list.size()) {}
   [[nodiscard]] constexpr T* data() const { return data_; }
   [[nodiscard]] constexpr std::size_t size() const { return size_; }
 

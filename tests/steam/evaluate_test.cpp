@@ -139,6 +139,10 @@ TEST(Evaluate, NamesThatDoNotExistAreMisuse) {
                                                           {64, 64 + properties},
                                                           {127, 128 + properties},
                                                           {255, 255}};
+  for (const Property of_phase : {steam::of_liquid(Property::h), steam::of_vapour(Property::h)}) {
+    EXPECT_THROW(steam::of_liquid(of_phase), std::invalid_argument);
+    EXPECT_THROW(steam::of_vapour(of_phase), std::invalid_argument);
+  }
   for (const auto& [pair_number, property_number] : unknown) {
     const auto no_pair = static_cast<Pair>(pair_number);
     EXPECT_THROW(static_cast<void>(steam::state(no_pair, 1, 100)), std::invalid_argument);

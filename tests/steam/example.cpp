@@ -24,9 +24,8 @@ int main() {  // NOLINT(bugprone-exception-escape)
 
   const std::vector<double> p{10, 50, 100}, h{3000, 3000, 3000};
   std::vector<double> t(3), s(3);
-  const Property wanted[]{Property::t, Property::s};
   std::vector<steam::Reason> status(3);
-  steam::evaluate(Pair::ph, p, h, wanted, {t, s}, status);
+  steam::evaluate(Pair::ph, p, h, {Property::t, Property::s}, {t, s}, status);
   for (std::size_t i = 0; i < p.size(); ++i) {
     std::printf("%5.0f bar: %.4f °C, %.6f kJ/(kg K)\n", p[i], t[i], s[i]);
   }
