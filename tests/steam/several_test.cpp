@@ -34,7 +34,7 @@ void check(steam::Pair pair, double first, double second, const std::vector<Expe
   EXPECT_EQ(one->several, all.size() > 1);
 }
 
-TEST(Several, AllStatesOfAPairInTheDocumentedOrder) {
+TEST(Several, StatesOfPressureOrTemperatureInTheDocumentedOrder) {
   // around the density maximum
   check(pv, 1, 0.0010001, {{water, 1, 8.51210}, {water, 1, 0.98553}});
   // wet, or water under pressure
@@ -50,9 +50,9 @@ TEST(Several, AllStatesOfAPairInTheDocumentedOrder) {
   // saturated water, and water of the same energy
   check(tu, 0x1.0500fa258bb98p+2, 0x1.12171047dc317p+4,
         {{water, 0.0081736, 4.07818}, {water, 160.942, 4.07818}});
-  // water to 350 °C, and hot water
-  check(us, 0x1.9738999c93d87p+10, 0x1.e0d3d44651fccp+1,
-        {{water, 164.1841, 348.37705}, {hot_water, 180.275, 350.00671}});
+}
+
+TEST(Several, StatesOfAQualityInTheDocumentedOrder) {
   // wet isentrope of one quality
   check(sx, 4.45, 0.5,
         {{wet_3, 216.272, 372.25506}, {wet, 52.2908, 266.72447}, {wet, 0.039309, 28.68163}});
@@ -69,14 +69,6 @@ TEST(Several, AllStatesOfAPairInTheDocumentedOrder) {
          {wet_3, 221.022852, 374.08309595}});
   // beside 350 °C, where the states above and below overlap
   check(sx, 4.9301537278770891, 0.8, {{wet, 165.346, 349.99744}, {wet_3, 165.3514, 350.0001}});
-  // two wet states of cold water with a trace of vapour, and one of water, which counts
-  check(hs, 3.6110078888172339, 0.013196332715544882,
-        {{water, 0.00650648296, 0.86636652},
-         {wet, 0.00650200954, 0.86372067},
-         {wet, 0.00649579251, 0.85045658}});
-  // water, and one wet state of the two
-  check(hs, 50.908047333400106, 0.18235125516462408,
-        {{water, 0.0141316, 12.12681}, {wet, 0.0141296, 12.12473}});
   // wet steam on the two sides of the greatest enthalpy of saturated steam
   check(hx, 2790, 0.999, {{wet, 53.0997, 267.69534}, {wet, 16.10674, 201.69159}});
   // a quality with which the energy turns four times
@@ -86,6 +78,24 @@ TEST(Several, AllStatesOfAPairInTheDocumentedOrder) {
          {wet_3, 221.114679, 374.11802443},
          {wet_3, 220.475237, 373.87401161},
          {wet, 125.242143, 327.93463248}});
+  // dense wet states
+  check(vx, 0.0025, 0.1, {{wet_3, 211.445, 370.35952}, {wet, 154.298, 344.39869}});
+  // saturated water around its density maximum
+  check(vx, 0.00100005, 0, {{wet, 0.00952336, 6.27313}, {wet, 0.00764596, 3.13188}});
+}
+
+TEST(Several, StatesOfTwoOtherValuesInTheDocumentedOrder) {
+  // water to 350 °C, and hot water
+  check(us, 0x1.9738999c93d87p+10, 0x1.e0d3d44651fccp+1,
+        {{water, 164.1841, 348.37705}, {hot_water, 180.275, 350.00671}});
+  // two wet states of cold water with a trace of vapour, and one of water, which counts
+  check(hs, 3.6110078888172339, 0.013196332715544882,
+        {{water, 0.00650648296, 0.86636652},
+         {wet, 0.00650200954, 0.86372067},
+         {wet, 0.00649579251, 0.85045658}});
+  // water, and one wet state of the two
+  check(hs, 50.908047333400106, 0.18235125516462408,
+        {{water, 0.0141316, 12.12681}, {wet, 0.0141296, 12.12473}});
   // compressed water, and wet steam whose energy turns along the isenthalp
   check(hu, 1500, 1422,
         {{water, 568.27039, 336.41992}, {wet, 3.876252, 142.49407}, {wet, 0.02366497, 20.20572}});
@@ -99,10 +109,6 @@ TEST(Several, AllStatesOfAPairInTheDocumentedOrder) {
          {wet, 20.9987832, 214.85155088},
          {steam_2, 13.7478984, 197.87326077},
          {steam_2, 13.0829425, 196.20938120}});
-  // dense wet states
-  check(vx, 0.0025, 0.1, {{wet_3, 211.445, 370.35952}, {wet, 154.298, 344.39869}});
-  // saturated water around its density maximum
-  check(vx, 0.00100005, 0, {{wet, 0.00952336, 6.27313}, {wet, 0.00764596, 3.13188}});
 }
 
 }  // namespace
