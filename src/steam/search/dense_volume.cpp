@@ -86,7 +86,8 @@ SaturatedVolumes saturated_volumes(double t, double p_saturation) {
     return volume_in(bracket_of(branch, isotherm, p_saturation, t), isotherm, p_saturation, first);
   };
   const double liquid = volume(Region::hot_water, start.liquid);
-  return {liquid, std::max(liquid, volume(Region::dense_steam, start.vapour))};
+  const double vapour = t < t_jump ? volume(Region::dense_steam, start.vapour) : liquid;
+  return {liquid, std::max(liquid, vapour)};
 }
 
 }  // namespace steam

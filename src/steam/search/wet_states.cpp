@@ -289,14 +289,11 @@ class Scan {
   template <class Saturation, class Found>
   void by_equations(double t_high, double t_low, const Found& found, int parts = 5) {
     // Next to the critical point the rounding of the volumes moves the temperature by as much.
-    const double last_step = t_low < t_jump - r_merging * r_merging ? 3e-16 : 1e-12;
-    const auto f = [&](double t) { return target_.sloped<Saturation>(t); };
-    for (const double end : {t_high, t_low}) {
-      if (std::abs(f(end).value) <= rounding()) {
-        found(end);
-      }
-    }
-    all_roots(f, t_high, t_low, found, parts, {.step = last_step, .noise = rounding()});
+    const bool merging = t_low >= t_jump - r_merging * r_merging;
+    const Enough enough{.step = merging ? 1e-12 : 3e-16,
+                        .noise = merging ? 3e-10 * target_.value : rounding()};
+    all_roots([&](double t) { return target_.sloped<Saturation>(t); }, t_high, t_low, found, parts,
+              enough);
   }
 
   [[nodiscard]] Ends tabulated_at(double t) const {
@@ -310,9 +307,9 @@ class Scan {
     const Ends at_jump = tabulated_at(below_jump);
     const Ends at_low = tabulated_at(t_low);
     // A bracket may close on a jump.
-    const auto found = [this](double t) {
-      constexpr double miss = 1e-8;
-      if (std::abs(target_.exact<HighSaturation>(t)) <= miss * target_.value) {
+    const double miss = 3e-8 * target_.value;  // the rounding of the volumes
+    const auto found = [this, miss](double t) {
+      if (std::abs(target_.exact<HighSaturation>(t)) <= miss) {
         add(t);
       } else {
         closed_on_jump_ = t;
@@ -324,6 +321,9 @@ class Scan {
     };
     if (is_between(at_jump.liquid, at_low.vapour)) {
       by_equations<HighSaturation>(t_critical, above_jump, found, 1);
+      if (states_.sites.empty() && std::abs(target_.exact<HighSaturation>(t_critical)) <= miss) {
+        add(t_critical);
+      }
     }
     if (is_between(Ends{at_low.liquid, at_jump.vapour}.mixed(target_.x),
                    Ends{at_jump.liquid, at_low.vapour}.mixed(target_.x))) {

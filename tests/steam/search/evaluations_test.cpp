@@ -25,11 +25,11 @@ struct Limit {
 
 Limit limit_of(Pair pair) {
   const char* letters = round_trips::name(pair);
-  return letters[1] == 'x'   ? Limit{700, 1500}
-         : letters[0] == 'p' ? Limit{800, 800}
-         : letters[0] == 't' ? Limit{120, 250}
-         : pair == Pair::hu  ? Limit{1000, 3500}  // its lines turn, and it has no chart
-                             : Limit{800, 3500};
+  return letters[1] == 'x'   ? Limit{700, 1000}
+         : letters[0] == 'p' ? Limit{800, 300}
+         : letters[0] == 't' ? Limit{120, 200}
+         : pair == Pair::hu  ? Limit{1000, 1600}  // its lines turn, and it has no chart
+                             : Limit{800, 1400};
 }
 
 class MostEvaluations : public testing::TestWithParam<Pair> {};
@@ -56,6 +56,7 @@ TEST_P(MostEvaluations, AreBounded) {
     }
   }
   RecordProperty("away", static_cast<int>(most_away));
+  RecordProperty("critical", static_cast<int>(most_critical));
   EXPECT_LE(most_away, limit_of(pair).away);
   EXPECT_LE(most_critical, limit_of(pair).critical);
   EXPECT_GT(most_away, 0);  // they are counted
