@@ -8,7 +8,8 @@ namespace steam {
 
 /// All roots of f between a and b: both beside an extremum too, when the derivative changes sign
 /// between neighbouring points of a subdivision.
-/// @param found   called with each root, in the order from a to b; with one at the border of two parts
+/// @param found   called with each root, in the order from a to b; with one at the border of two
+/// parts
 ///                perhaps twice
 /// @param enough  ends each iteration; an end and an extremum that miss zero by the noise are roots
 template <class F, class Found>

@@ -163,7 +163,8 @@ class PieceSearch {
       return Slope{excess(point), point.y.derivative};
     };
     const bool rises = (at_b > 0) == (b.coordinate > a.coordinate);
-    const Enough enough{.step = 3e-16, .noise = rounding(target_.q, target_.value)};
+    const Enough enough{.step = 3e-16,
+                        .noise = rounding_in(piece_.region, target_.q, target_.value)};
     return at(root(f, a.coordinate, b.coordinate, start, rises, enough).x).site;
   }
 

@@ -14,6 +14,8 @@ struct Tolerance {
   /// Rounding of one evaluation of the equations: the larger of subregions 1 and 2, against
   /// extended precision; beside it that of the value itself.
   double rounding;
+  /// The same of subregion 3.
+  double dense_rounding;
   /// By how much a pair may miss the end of a piece and still count as that end: the rounding of
   /// both values, in subregion 3 too, with what the other value's rounding makes of it.
   double slack, relative_slack;
@@ -24,21 +26,26 @@ struct Tolerance {
 
 /// By `Quantity`: p, t, v, h, s, u, x.
 constexpr std::array<Tolerance, 7> tolerances{{
-    {0, 0, 1e-13, 0, 0},
-    {0, 0, 1e-13, 0, 0},
-    {0, 0, 5e-13, 0, 2e-3},
-    {4e-12, 2e-11, 1e-13, 0.6, 0},
-    {3e-13, 1.5e-13, 1e-13, 1e-3, 0},
-    {4e-12, 2e-11, 1e-13, 0.6, 0},
-    {0, 2e-13, 0, 0, 0},
+    {0, 0, 0, 1e-13, 0, 0},
+    {0, 0, 0, 1e-13, 0, 0},
+    {0, 0, 0, 5e-13, 0, 2e-3},
+    {4e-12, 3e-11, 2e-11, 1e-13, 0.6, 0},
+    {3e-13, 3e-13, 1.5e-13, 1e-13, 1e-3, 0},
+    {4e-12, 3e-11, 2e-11, 1e-13, 0.6, 0},
+    {0, 0, 2e-13, 0, 0, 0},
 }};
 
 constexpr const Tolerance& tolerance_of(Quantity q) {
   return tolerances[static_cast<std::size_t>(q)];
 }
+constexpr double relative_rounding = 4e-16;
 inline double rounding(Quantity q, double value) {
-  constexpr double relative = 4e-16;
-  return tolerance_of(q).rounding + relative * std::abs(value);
+  return tolerance_of(q).rounding + relative_rounding * std::abs(value);
+}
+inline double rounding_in(Region region, Quantity q, double value) {
+  const double of_equation =
+      is_3(region) ? tolerance_of(q).dense_rounding : tolerance_of(q).rounding;
+  return of_equation + relative_rounding * std::abs(value);
 }
 inline double slack(Quantity q, double value) {
   return tolerance_of(q).slack + tolerance_of(q).relative_slack * std::abs(value);
