@@ -130,9 +130,9 @@ double error(char letter, double back, double given) {
 }
 
 bool is_in_range(const State& s) {
-  constexpr double slack = 1e-9, of_x = 1e-7;  // x has few digits beside the critical point
+  constexpr double slack = 1e-9;
   return s.p >= 0.006112444 * (1 - slack) && s.p <= 1000 * (1 + slack) && s.t >= 0.01 - slack &&
-         s.t <= 800 + slack && !(s.x < -of_x || s.x > 1 + of_x);
+         s.t <= 800 + slack && !(s.x < 0 || s.x > 1);
 }
 
 void check(const State& s, Pair pair, double first, double second, Answer& answer) {

@@ -69,6 +69,8 @@ TEST(Several, StatesOfAQualityInTheDocumentedOrder) {
          {wet_3, 221.022852, 374.08309595}});
   // beside 350 °C, where the states above and below overlap
   check(sx, 4.9301537278770891, 0.8, {{wet, 165.346, 349.99744}, {wet_3, 165.3514, 350.0001}});
+  // saturated water at the critical temperature, whose volume has eight digits
+  check(sx, 0x1.1c6e58de51825p+2, 0, {{wet_3, 221.2, 374.15}});
   // wet steam on the two sides of the greatest enthalpy of saturated steam
   check(hx, 2790, 0.999, {{wet, 53.0997, 267.69534}, {wet, 16.10674, 201.69159}});
   // a quality with which the energy turns four times
@@ -96,6 +98,11 @@ TEST(Several, StatesOfTwoOtherValuesInTheDocumentedOrder) {
   // water, and one wet state of the two
   check(hs, 50.908047333400106, 0.18235125516462408,
         {{water, 0.0141316, 12.12681}, {wet, 0.0141296, 12.12473}});
+  // saturated water counts as water, and not once more as wet steam with less than no vapour
+  check(hs, 0x1.2365f84afcc5cp+4, 0x1.0ef116b7ced91p-4,
+        {{water, 0.00832242, 4.33526289}, {wet, 0.00831456, 4.32178316}});
+  // the coldest water, along which the entropy hardly tells the pressure
+  check(hs, 0x1.45bfd77739545p+4, 0x1.0450f80754efbp-10, {{water, 201.841335, 0.01}});
   // compressed water, and wet steam whose energy turns along the isenthalp
   check(hu, 1500, 1422,
         {{water, 568.27039, 336.41992}, {wet, 3.876252, 142.49407}, {wet, 0.02366497, 20.20572}});

@@ -73,10 +73,7 @@ class PieceSearch {
   }
 
  private:
-  LinePoint at(double coordinate) {
-    ++solutions_.evaluations;
-    return line_.at(piece_, coordinate, target_.q);
-  }
+  LinePoint at(double coordinate) { return line_.at(piece_, coordinate, target_.q); }
   [[nodiscard]] double excess(const LinePoint& point) const {
     return point.y.value - target_.value;
   }

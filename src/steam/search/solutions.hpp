@@ -35,10 +35,9 @@ void sort_short(List& list, Before before) {
   }
 }
 
-/// The states of a pair, and what it cost to find them.
+/// The states of a pair.
 struct Solutions {
   FixedList<Site, 8> sites;
-  int evaluations = 0;
 
   /// A state at the end of two pieces counts once.
   void add(const Site& site) {
@@ -53,12 +52,6 @@ struct Solutions {
       }
     }
     sites.add(site);
-  }
-  void add_all(const Solutions& more) {
-    for (const Site& site : more.sites) {
-      add(site);
-    }
-    evaluations += more.evaluations;
   }
 };
 
