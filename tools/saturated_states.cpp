@@ -164,7 +164,7 @@ void add_values(Groups& all, const steam::SaturatedPolynomial& c) {
     }
     auto& group = all.emplace_back();
     for (const double place : {-1.0, -0.5, 0.0, 0.5, 1.0}) {
-      group.add(steam::SharedDivisions::polynomial(own, place));
+      group.add(steam::SharedDivisions<>::polynomial(own, place));
     }
   }
 }

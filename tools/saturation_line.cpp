@@ -39,7 +39,7 @@ Groups values(const std::string& bytes) {
   const auto add = [&](const auto& c) {
     auto& own = all.emplace_back();
     for (const double place : {-1.0, -0.5, 0.0, 0.5, 1.0}) {
-      own.add(steam::SharedDivisions::polynomial(c, place));
+      own.add(steam::SharedDivisions<>::polynomial(c, place));
     }
   };
   for (const auto& c : table.temperature) {

@@ -16,6 +16,18 @@ constexpr Num horner(const Table& c, Num x) {
   return sum;
 }
 
+/// x to the power N, as a few products.
+template <int N, class Num>
+constexpr Num products(Num x) {
+  if constexpr (N == 1) {
+    return x;
+  } else if constexpr (N % 2 == 0) {
+    return products<N / 2>(x * x);
+  } else {
+    return x * products<N - 1>(x);
+  }
+}
+
 /// The product with a constant that is held in extended precision, rounded once.
 inline double extended_product(double x, long double constant) {
   return static_cast<double>(static_cast<long double>(x) * constant);
@@ -47,16 +59,10 @@ struct Elementary : PublishedArithmetic {
   static double exp(double x) { return std::exp(x); }
   static double log(double x) { return std::log(x); }
   static double sqrt(double x) { return std::sqrt(x); }
-  /// x to a whole power that the formulation leaves to the power function: here a few products.
+  /// x to a whole power that the formulation leaves to the power function.
   template <int N>
   static double whole_power(double x) {
-    if constexpr (N == 1) {
-      return x;
-    } else if constexpr (N % 2 == 0) {
-      return whole_power<N / 2>(x * x);
-    } else {
-      return x * whole_power<N - 1>(x);
-    }
+    return products<N>(x);
   }
 };
 

@@ -169,10 +169,10 @@ void complete(Basis& basis, const Site& site, const Needs& needs, const Parts& h
 
 void complete_transport(Basis& basis, const Needs& needs) {
   if (needs.viscosity) {
-    basis.viscosity = formulation::viscosity<SharedDivisions>(basis.v, basis.t);
+    basis.viscosity = formulation::viscosity<SharedDivisions<>>(basis.v, basis.t);
   }
   if (needs.conductivity) {
-    basis.conductivity = formulation::conductivity<SharedDivisions>(basis.v, basis.t);
+    basis.conductivity = formulation::conductivity<SharedDivisions<>>(basis.v, basis.t);
   }
 }
 

@@ -9,7 +9,7 @@
 
 namespace steam {
 
-using Math = SharedDivisions;
+using Math = SharedDivisions<>;
 using Terms1 = formulation::Terms1<Math>;
 using Terms2 = formulation::Moments2<Math>;
 using Terms3 = formulation::Derivatives3<Math>;

@@ -75,13 +75,13 @@ double dense_volume(Region branch, double p, double t) {
       start = 1 / here(patch, 0);
     }
   }
-  const auto isotherm = formulation::isotherm3<SharedDivisions>(t);
+  const auto isotherm = formulation::isotherm3<SharedDivisions<>>(t);
   return volume_in(bracket_of(branch, isotherm, p, t), isotherm, p, start);
 }
 
 SaturatedVolumes saturated_volumes(double t, double p_saturation) {
   const SaturatedVolumes start = rough_saturated_volumes(t);
-  const auto isotherm = formulation::isotherm3<SharedDivisions>(t);
+  const auto isotherm = formulation::isotherm3<SharedDivisions<>>(t);
   const auto volume = [&](Region branch, double first) {
     return volume_in(bracket_of(branch, isotherm, p_saturation, t), isotherm, p_saturation, first);
   };

@@ -133,13 +133,13 @@ struct Place {
       for (std::size_t i = 0; i < count; ++i) {
         row[i] = static_cast<double>(*c++);
       }
-      over_x[power] = SharedDivisions::polynomial(row, x);
+      over_x[power] = SharedDivisions<>::polynomial(row, x);
     };
     [&]<std::size_t... power>(std::index_sequence<power...>) {
       (add.template operator()<power>(), ...);
     }
     (std::make_index_sequence<chart_degree + 1>{});
-    return SharedDivisions::polynomial(over_x, y) + rest;
+    return SharedDivisions<>::polynomial(over_x, y) + rest;
   }
 };
 

@@ -29,7 +29,7 @@ inline double tabulated_saturation_pressure(double t) {
   const double i = (t - axis.origin) * axis.scale;
   const int cell = i > 0 ? (i < axis.cells ? static_cast<int>(i) : axis.cells - 1) : 0;
   const double root =
-      SharedDivisions::polynomial(saturation_line_table.root_of_p[cell], 2 * (i - cell) - 1);
+      SharedDivisions<>::polynomial(saturation_line_table.root_of_p[cell], 2 * (i - cell) - 1);
   const double square = root * root;
   return square * square;
 }
@@ -49,7 +49,7 @@ inline bool above_saturation(double p, double t) {
 /// @param p  pressure, bar [0.0061, 221.2]
 inline double tabulated_saturation_temperature(double p) {
   const Coordinate at = SaturationLineTable::p(p);
-  return SharedDivisions::polynomial(saturation_line_table.temperature[at.cell], at.place);
+  return SharedDivisions<>::polynomial(saturation_line_table.temperature[at.cell], at.place);
 }
 
 /// Pressure of saturated states that are asked for by p: the range begins 2e-12 bar below the
