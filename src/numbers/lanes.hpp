@@ -1,9 +1,12 @@
 #pragma once
 
+#include <array>
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <type_traits>
+#include <utility>
 
 #if defined(__SSE2__)
 #include <immintrin.h>
@@ -107,6 +110,13 @@ template <class T, int n>
   return Lanes<T, n>(condition.v ? a.v : b.v);
 }
 
+/// Where both conditions hold.
+[[gnu::always_inline]] inline bool both(bool a, bool b) { return a && b; }
+template <int n>
+[[gnu::always_inline]] inline Mask<n> both(Mask<n> a, Mask<n> b) {
+  return a & b;
+}
+
 /// The lanes in which the condition holds, as bits.
 [[gnu::always_inline]] inline unsigned lanes_of(bool condition) { return condition ? 1 : 0; }
 template <int n>
@@ -153,6 +163,17 @@ template <int n>
   return std::bit_cast<Lanes<double, n>>(x);
 }
 
+/// The bits moved down, and 0 above them.
+[[gnu::always_inline]] inline std::int64_t shifted_right(std::int64_t x, int bits) {
+  return static_cast<std::int64_t>(static_cast<std::uint64_t>(x) >> bits);
+}
+template <int n>
+[[gnu::always_inline]] inline Lanes<std::int64_t, n> shifted_right(Lanes<std::int64_t, n> x,
+                                                                   int bits) {
+  using Unsigned = typename Vector<std::uint64_t, n>::Type;
+  return std::bit_cast<Lanes<std::int64_t, n>>(std::bit_cast<Unsigned>(x.v) >> bits);
+}
+
 /// What a function of one double gives in each lane.
 template <class F>
 [[gnu::always_inline]] inline double each_lane(double x, const F& f) {
@@ -175,11 +196,63 @@ template <class Table>
 template <int n, class Table>
 [[gnu::always_inline]] inline Lanes<double, n> look_up(Lanes<std::int64_t, n> index,
                                                        const Table& table) {
-  Lanes<double, n> found;
-  for (int lane = 0; lane < n; ++lane) {
-    found.v[lane] = table(index.v[lane]);
+  return [&]<int... lane>(std::integer_sequence<int, lane...>) __attribute__((always_inline)) {
+    return Lanes<double, n>(typename Lanes<double, n>::All{table(index.v[lane])...});
   }
-  return found;
+  (std::make_integer_sequence<int, n>{});
+}
+
+/// The first of each lane's two numbers, and the second.
+template <int n, class Pair>
+[[gnu::always_inline]] inline auto transposed(const Pair& of_lane) {
+  using All = typename Vector<double, n>::Type;
+  if constexpr (n == 2) {
+    const All a = of_lane(0), b = of_lane(1);
+    return std::pair(All(__builtin_shufflevector(a, b, 0, 2)),
+                     All(__builtin_shufflevector(a, b, 1, 3)));
+  } else if constexpr (n == 4) {
+    const All a = __builtin_shufflevector(of_lane(0), of_lane(2), 0, 1, 2, 3);
+    const All b = __builtin_shufflevector(of_lane(1), of_lane(3), 0, 1, 2, 3);
+    return std::pair(All(__builtin_shufflevector(a, b, 0, 4, 2, 6)),
+                     All(__builtin_shufflevector(a, b, 1, 5, 3, 7)));
+  } else {
+    const auto low = transposed<n / 2>(of_lane);
+    const auto high = transposed<n / 2>([&](int lane) __attribute__((always_inline)) {
+      return of_lane(n / 2 + lane);
+    });
+    return std::pair(All(__builtin_shufflevector(low.first, high.first, 0, 1, 2, 3, 4, 5, 6, 7)),
+                     All(__builtin_shufflevector(low.second, high.second, 0, 1, 2, 3, 4, 5, 6, 7)));
+  }
+}
+
+/// The numbers of a table's row, for the index of each lane.
+template <std::size_t columns, std::size_t rows>
+[[gnu::always_inline]] inline std::array<double, columns> look_up_row(
+    std::int64_t index, const std::array<std::array<double, columns>, rows>& table) {
+  const double* row = table[static_cast<std::size_t>(index)].data();
+  return [&]<std::size_t... column>(std::index_sequence<column...>) __attribute__((always_inline)) {
+    return std::array<double, columns>{row[column]...};
+  }
+  (std::make_index_sequence<columns>{});
+}
+template <int n, std::size_t columns, std::size_t rows>
+[[gnu::always_inline]] inline std::array<Lanes<double, n>, columns> look_up_row(
+    Lanes<std::int64_t, n> index, const std::array<std::array<double, columns>, rows>& table) {
+  static_assert(columns == 2 || columns == 3);
+  const auto row = [&](std::int64_t i) __attribute__((always_inline)) {
+    return table[static_cast<std::size_t>(i)].data();
+  };
+  const auto [first, second] = transposed<n>([&](int lane) __attribute__((always_inline)) {
+    typename Vector<double, 2>::Type two;
+    std::memcpy(&two, row(index.v[lane]), sizeof two);
+    return two;
+  });
+  if constexpr (columns == 2) {
+    return {Lanes<double, n>(first), Lanes<double, n>(second)};
+  } else {
+    const auto third = look_up(index, [&](std::int64_t i) { return row(i)[2]; });
+    return {Lanes<double, n>(first), Lanes<double, n>(second), third};
+  }
 }
 
 [[gnu::always_inline]] inline double sqrt(double x) { return std::sqrt(x); }

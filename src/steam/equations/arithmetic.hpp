@@ -1,11 +1,9 @@
 #pragma once
 
-#include <cmath>
 #include <tuple>
 
 #include "formulation/elementary.hpp"
-#include "numbers/lanes.hpp"
-#include "steam/equations/power_5_17.hpp"
+#include "numbers/power_5_17.hpp"
 
 namespace steam {
 
@@ -34,15 +32,11 @@ template <class Num = double>
 struct SharedDivisions {
   using Number = Num;
   using Divisor = Reciprocal<Num>;
-  static Num exp(Num x) {
-    return numbers::each_lane(x, [](double lane) { return std::exp(lane); });
-  }
-  static Num log(Num x) {
-    return numbers::each_lane(x, [](double lane) { return std::log(lane); });
-  }
+  static Num exp(Num x) { return numbers::exp(x); }
+  static Num log(Num x) { return numbers::log(x); }
   static Num sqrt(Num x) { return numbers::sqrt(x); }
   /// z^(-5/17).
-  static Num power_m5_17(Num z) { return numbers::each_lane(z, to_minus_5_17); }
+  static Num power_m5_17(Num z) { return numbers::to_minus_5_17(z); }
   /// x to a whole power, as products.
   template <int N>
   static Num whole_power(Num x) {
