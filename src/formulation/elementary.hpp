@@ -33,6 +33,13 @@ inline double extended_product(double x, long double constant) {
   return static_cast<double>(static_cast<long double>(x) * constant);
 }
 
+/// A constant that is held in extended precision, and the nearest double: platforms have different
+/// extended precisions.
+struct Extended {
+  long double extended;
+  double nearest;
+};
+
 /// Divisions, polynomials and the power as they are published. What stands under a fraction line
 /// often does so several times; a policy may make more of it than a number.
 struct PublishedArithmetic {
@@ -46,8 +53,8 @@ struct PublishedArithmetic {
   static double polynomial(const Centred<N>& c, double x) {
     return horner(c.published, x);
   }
-  static double extended_product(double x, long double constant) {
-    return formulation::extended_product(x, constant);
+  static double extended_product(double x, const Extended& constant) {
+    return formulation::extended_product(x, constant.extended);
   }
   /// z^(-5/17).
   static double power_m5_17(double z) { return std::pow(z, -0.29411764705882354); }

@@ -21,8 +21,9 @@ constexpr std::array<std::array<double, 5>, 6> Hij{{
     {0.146543, -0.084337, 0.195286, -0.032932, -0.0202595},
 }};
 constexpr double reference_density = 317.763;  // kg/m³
-/// 1/647.27 K, held in extended precision.
-constexpr long double one_over_reference_temperature = 0.00154495032984689542231217L;
+/// 1/647.27 K.
+constexpr Extended one_over_reference_temperature{0.00154495032984689542231217L,
+                                                  0.00154495032984689542231217};
 }  // namespace viscosity_table
 
 /// Dynamic viscosity, Pa·s.

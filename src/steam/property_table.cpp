@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "numbers/power.hpp"
 #include "steam/tables/saturation_line.hpp"
 
 namespace steam {
@@ -22,7 +23,7 @@ static_assert(is_in_order(), "the rows stand in the order of the enumerators");
 double property_table::surface_tension(const Basis& b) {
   constexpr double T_critical = 647.15;
   const double x = std::fmax(1 - kelvin(b.t) / T_critical, 0);
-  return 235.8e-3 * std::pow(x, 1.256) * (1 - 0.625 * x);
+  return 235.8e-3 * numbers::power(x, 1.256) * (1 - 0.625 * x);
 }
 
 double property_table::saturation_slope(const Basis& b) {

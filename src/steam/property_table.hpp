@@ -2,6 +2,7 @@
 
 #include <array>
 #include <bit>
+#include <cmath>
 #include <cstdint>
 
 #include "steam/equations/basis.hpp"
@@ -189,7 +190,9 @@ constexpr const PropertyRow& row_of(Property property) {
 
 /// The property in a state of some kind, from a basis that has what it needs.
 inline double value_of(const PropertyRow& row, const Basis& basis, Exists kind) {
-  return (row.exists & kind) != 0 ? row.of(basis) : missing;
+  const double value = (row.exists & kind) != 0 ? row.of(basis) : missing;
+  return value == value ? value
+                        : missing;  // which sign a computed one has depends on the processor
 }
 
 }  // namespace steam

@@ -1,7 +1,8 @@
 #include "steam/diagrams/run.hpp"
 
 #include <algorithm>
-#include <cmath>
+
+#include "numbers/logarithm.hpp"
 
 namespace steam::diagrams {
 namespace {
@@ -54,7 +55,7 @@ std::array<double, 2> Run::at(double way) const {
   const double to = stations[static_cast<std::size_t>(piece) + 1];
   const double share = way - piece;
   const double running = share >= 1    ? to
-                         : logarithmic ? from * std::pow(to / from, share)
+                         : logarithmic ? from * numbers::exp(share * numbers::log(to / from))
                                        : from + (to - from) * share;
   return holds_first ? std::array{held, running} : std::array{running, held};
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "numbers/logarithm.hpp"
+
 namespace steam::diagrams {
 namespace {
 
@@ -16,7 +18,7 @@ struct Point {
 };
 
 double place(const Scale& scale, double value) {
-  const auto on_scale = [&](double a) { return scale.logarithmic ? std::log(a) : a; };
+  const auto on_scale = [&](double a) { return scale.logarithmic ? numbers::log(a) : a; };
   const double lowest = on_scale(scale.lowest);
   return (on_scale(value) - lowest) / (on_scale(scale.highest) - lowest);
 }
@@ -27,7 +29,8 @@ double distance(const Point& p, const Point& a, const Point& b) {
   const double length2 = dx * dx + dy * dy;
   const double along = (p.across - a.across) * dx + (p.up - a.up) * dy;
   const double share = length2 > 0 ? std::clamp(along / length2, 0., 1.) : 0;
-  return std::hypot(p.across - a.across - share * dx, p.up - a.up - share * dy);
+  const double away_x = p.across - a.across - share * dx, away_y = p.up - a.up - share * dy;
+  return std::sqrt(away_x * away_x + away_y * away_y);
 }
 
 class Sampler {

@@ -64,8 +64,8 @@ struct SharedDivisions {
   static Num polynomial(const formulation::Centred<N>& c, Num x) {
     return polynomial(c.around, x - c.centre);
   }
-  static Num extended_product(Num x, long double constant) {
-    return x * static_cast<double>(constant);
+  static Num extended_product(Num x, const formulation::Extended& constant) {
+    return x * constant.nearest;
   }
 };
 

@@ -1,5 +1,6 @@
 #include "steam/search/plane_lines.hpp"
 
+#include "numbers/exponential.hpp"
 #include "steam/equations/domain.hpp"
 #include "steam/search/dense_volume.hpp"
 #include "steam/search/lines.hpp"
@@ -104,7 +105,7 @@ LinePoint CaloricLine<Own>::at(const Piece& piece, double c, Quantity q) {
             at_volume(region_of_dense(piece.region, p, c, t), p, c, t),
             {y.value, along_line(y, s, true)}};
   }
-  const double p = within_range(std::exp(c));
+  const double p = within_range(numbers::exp(c));
   const auto excess = [&](double t) {
     const Sloped s = sloped_quantity(piece.region, own, {p, t});
     return Slope{s.value - value_, s.over_t};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "numbers/logarithm.hpp"
 #include "steam/search/line_search.hpp"
 #include "steam/search/quantity.hpp"
 
@@ -37,7 +38,7 @@ class CaloricLine {
   [[nodiscard]] double value() const { return value_; }
   [[nodiscard]] LinePoint at(const Piece& piece, double c, Quantity q);
   static double coordinate(const Site& site) {
-    return is_wet(site.region) ? site.t : is_3(site.region) ? site.v : std::log(site.p);
+    return is_wet(site.region) ? site.t : is_3(site.region) ? site.v : numbers::log(site.p);
   }
   static double slack(Quantity q, double value);
   static double end_slack(Quantity q, double value);

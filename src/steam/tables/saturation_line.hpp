@@ -13,13 +13,12 @@ struct SaturationPressure {
 };
 
 inline double saturation_pressure(double t) {
-  return formulation::saturation_pressure<formulation::Elementary>(
-      formulation::saturation_terms(t));
+  return formulation::saturation_pressure<SharedDivisions<>>(formulation::saturation_terms(t));
 }
 
 inline SaturationPressure sloped_saturation_pressure(double t) {
   const auto terms = formulation::saturation_terms(t);
-  const double p = formulation::saturation_pressure<formulation::Elementary>(terms);
+  const double p = formulation::saturation_pressure<SharedDivisions<>>(terms);
   return {p, p * formulation::saturation_log_slope(terms)};
 }
 
@@ -78,7 +77,7 @@ inline double saturation_temperature(double p) {
   double e = 1;
   for (int n = 0; n < most_steps && std::abs(e) > enough; ++n) {
     const auto terms = formulation::saturation_terms(t);
-    e = p / formulation::saturation_pressure<formulation::Elementary>(terms) - 1;
+    e = p / formulation::saturation_pressure<SharedDivisions<>>(terms) - 1;
     t += (e - e * e / 2) / formulation::saturation_log_slope(terms);
   }
   return std::min(t, t_critical);
