@@ -2,6 +2,7 @@
 
 #include "formulation/subregion3.hpp"
 #include "formulation/unrolled.hpp"
+#include "numbers/lanes.hpp"
 
 namespace formulation {
 
@@ -123,13 +124,15 @@ template <class Math>
   return s;
 }
 
-/// Adds the conditional group.
+/// Adds the conditional group where it stands: below the critical temperature and volume.
 template <class Math>
-[[gnu::always_inline]] inline void add_conditional(Series3<Math>& s, typename Math::Number theta) {
+[[gnu::always_inline]] inline void add_conditional(Series3<Math>& s, typename Math::Number theta,
+                                                   numbers::MaskOf<typename Math::Number> stands) {
   using namespace subregion3;
   using Num = typename Math::Number;
   constexpr double dy = -1 / one_minus_theta_350;
-  const Num y = (theta - 1) * dy, y2 = y * y, y30 = Math::template whole_power<15>(y2);
+  const Num y = numbers::select(stands, (theta - 1) * dy, Num(0)), y2 = y * y,
+            y30 = Math::template whole_power<15>(y2);
   const auto add = [&](auto& to, std::size_t v) __attribute__((always_inline)) {
     to += OverTheta<Num>{y2 * y * (D3[v] + y * D4[v]), dy * y2 * (3 * D3[v] + 4 * y * D4[v]),
                          dy * dy * 6 * y * (D3[v] + 2 * y * D4[v])};
@@ -166,8 +169,9 @@ template <class Math>
   const Num chi2 = chi * chi, chi4 = chi2 * chi2, chi5 = chi4 * chi, chi6 = chi5 * chi;
   const Num log_chi = Math::log(chi);
   auto c = series3<Math>(theta);
-  if (theta < 1 && chi < 1) {
-    add_conditional<Math>(c, theta);
+  const auto stands = (theta < 1) & (chi < 1);
+  if (numbers::any(stands)) {
+    add_conditional<Math>(c, theta, stands);
   }
   const Num R = Math::polynomial(D5, chi), R_1 = Math::polynomial(R0d, chi);
 

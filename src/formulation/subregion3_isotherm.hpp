@@ -36,7 +36,7 @@ Isotherm3<typename Math::Number> isotherm3(typename Math::Number t) {
   s.chi5 = 6 * c.chi6.value;
   put(s.other);
   if (theta < 1) {
-    add_conditional<Math>(c, theta);
+    add_conditional<Math>(c, theta, true);
   }
   put(s.liquid);
   return s;

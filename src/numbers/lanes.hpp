@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
@@ -28,12 +29,19 @@ struct Vector {
 /// What a comparison says of each lane: all bits or none.
 template <int count>
 struct Mask {
-  typename Vector<std::int64_t, count>::Type v;
+  using All = typename Vector<std::int64_t, count>::Type;
+  All v;
+
+  Mask() = default;
+  /// The same in all lanes.
+  [[gnu::always_inline]] Mask(bool all)  // NOLINT(google-explicit-constructor)
+      : v(std::int64_t{all ? -1 : 0} - All{}) {}
+  [[gnu::always_inline]] explicit Mask(All lanes) : v(lanes) {}
 
   [[gnu::always_inline]] bool operator[](int lane) const { return v[lane] != 0; }
-  [[gnu::always_inline]] friend Mask operator&(Mask a, Mask b) { return {a.v & b.v}; }
-  [[gnu::always_inline]] friend Mask operator|(Mask a, Mask b) { return {a.v | b.v}; }
-  [[gnu::always_inline]] friend Mask operator!(Mask a) { return {~a.v}; }
+  [[gnu::always_inline]] friend Mask operator&(Mask a, Mask b) { return Mask(a.v & b.v); }
+  [[gnu::always_inline]] friend Mask operator|(Mask a, Mask b) { return Mask(a.v | b.v); }
+  [[gnu::always_inline]] friend Mask operator!(Mask a) { return Mask(~a.v); }
   [[gnu::always_inline]] Mask& operator&=(Mask b) { return *this = *this & b; }
   [[gnu::always_inline]] Mask& operator|=(Mask b) { return *this = *this | b; }
 };
@@ -71,11 +79,21 @@ struct Lanes {
   [[gnu::always_inline]] friend Lanes operator>>(Lanes a, int bits) { return Lanes(a.v >> bits); }
   [[gnu::always_inline]] friend Lanes operator<<(Lanes a, int bits) { return Lanes(a.v << bits); }
 
-  [[gnu::always_inline]] friend Mask<count> operator<(Lanes a, Lanes b) { return {a.v < b.v}; }
-  [[gnu::always_inline]] friend Mask<count> operator<=(Lanes a, Lanes b) { return {a.v <= b.v}; }
-  [[gnu::always_inline]] friend Mask<count> operator>(Lanes a, Lanes b) { return {a.v > b.v}; }
-  [[gnu::always_inline]] friend Mask<count> operator>=(Lanes a, Lanes b) { return {a.v >= b.v}; }
-  [[gnu::always_inline]] friend Mask<count> operator==(Lanes a, Lanes b) { return {a.v == b.v}; }
+  [[gnu::always_inline]] friend Mask<count> operator<(Lanes a, Lanes b) {
+    return Mask<count>(a.v < b.v);
+  }
+  [[gnu::always_inline]] friend Mask<count> operator<=(Lanes a, Lanes b) {
+    return Mask<count>(a.v <= b.v);
+  }
+  [[gnu::always_inline]] friend Mask<count> operator>(Lanes a, Lanes b) {
+    return Mask<count>(a.v > b.v);
+  }
+  [[gnu::always_inline]] friend Mask<count> operator>=(Lanes a, Lanes b) {
+    return Mask<count>(a.v >= b.v);
+  }
+  [[gnu::always_inline]] friend Mask<count> operator==(Lanes a, Lanes b) {
+    return Mask<count>(a.v == b.v);
+  }
 };
 
 /// The types that go with a number type: of its whole numbers and of its comparisons.
@@ -99,6 +117,13 @@ template <class Num>
 using MaskOf = typename Companions<Num>::Mask;
 template <class Num>
 constexpr int width_of = Companions<Num>::width;
+
+/// The double of a lane.
+[[gnu::always_inline]] inline double lane_of(double x, std::size_t /*lane*/) { return x; }
+template <int n>
+[[gnu::always_inline]] inline double lane_of(Lanes<double, n> x, std::size_t lane) {
+  return x.v[lane];
+}
 
 /// a where the condition holds, b elsewhere.
 template <class T>

@@ -17,18 +17,20 @@ constexpr Parts all_but_slopes{.v = true, .h = true, .s = true, .cp = true};
 constexpr Parts all_parts{.v = true, .h = true, .s = true, .cp = true, .slopes = true};
 
 /// What all properties of a state are computed from.
-struct Basis {
+template <class Num>
+struct BasisOf {
   Region region = Region::none;
   bool several = false, approximate = false;
-  double p = missing, t = missing, x = missing;
-  double v = missing, h = missing, s = missing, u = missing;
-  double cp = missing, cv = missing;
-  double v_over_p_s = missing;                    // (∂v/∂p)s, m³/(kg bar)
-  double p_over_v = missing, p_over_t = missing;  // (∂p/∂v)t, bar kg/m³; (∂p/∂t)v, bar/K
-  double viscosity = missing, conductivity = missing;
-  double heat_of_evaporation = missing;
-  double wet_v_over_p_s = missing;  // (∂v/∂p)s of both phases in equilibrium
+  Num p = missing, t = missing, x = missing;
+  Num v = missing, h = missing, s = missing, u = missing;
+  Num cp = missing, cv = missing;
+  Num v_over_p_s = missing;                    // (∂v/∂p)s, m³/(kg bar)
+  Num p_over_v = missing, p_over_t = missing;  // (∂p/∂v)t, bar kg/m³; (∂p/∂t)v, bar/K
+  Num viscosity = missing, conductivity = missing;
+  Num heat_of_evaporation = missing;
+  Num wet_v_over_p_s = missing;  // (∂v/∂p)s of both phases in equilibrium
 };
+using Basis = BasisOf<double>;
 
 /// Which variables of the equation the last step changes.
 struct Moves {
@@ -36,13 +38,14 @@ struct Moves {
 };
 
 /// One quantity after a small step.
-template <class Equation, Quantity Q, Moves moves, class Terms>
-[[gnu::always_inline]] inline double after_step(const Terms& terms, Variables at, Variables step) {
+template <class Equation, Quantity Q, Moves moves, class Terms, class Num>
+[[gnu::always_inline]] inline Num after_step(const Terms& terms, VariablesOf<Num> at,
+                                             VariablesOf<Num> step) {
   if constexpr (!moves.z && !moves.t) {
     return value_of<Equation, Q>(terms, at.z, at.t);
   } else {
-    const Sloped y = sloped<Equation, Q>(terms, at.z, at.t);
-    double value = y.value;
+    const SlopedOf<Num> y = sloped<Equation, Q>(terms, at.z, at.t);
+    Num value = y.value;
     if constexpr (moves.z) {
       value += y.over_1 * step.z;
     }
@@ -54,9 +57,9 @@ template <class Equation, Quantity Q, Moves moves, class Terms>
 }
 
 /// Volume, enthalpy and entropy after a small step.
-template <class Equation, Parts parts, Moves moves, class Terms>
-[[gnu::always_inline]] inline void evaluate_first(const Terms& terms, Variables at, Variables step,
-                                                  Basis& out) {
+template <class Equation, Parts parts, Moves moves, class Terms, class Num>
+[[gnu::always_inline]] inline void evaluate_first(const Terms& terms, VariablesOf<Num> at,
+                                                  VariablesOf<Num> step, BasisOf<Num>& out) {
   if constexpr (!Equation::by_pressure) {
     out.v = at.z + step.z;
   } else if constexpr (parts.v) {
@@ -71,15 +74,15 @@ template <class Equation, Parts parts, Moves moves, class Terms>
 }
 
 /// Heat capacities and the like of a state of subregion 1 or 2.
-template <class Equation, Parts parts, class Terms>
-[[gnu::always_inline]] inline void evaluate_second(const Terms& terms, Variables x,
-                                                   Basis& out) requires(Equation::by_pressure) {
+template <class Equation, Parts parts, class Terms, class Num>
+[[gnu::always_inline]] inline void evaluate_second(
+    const Terms& terms, VariablesOf<Num> x, BasisOf<Num>& out) requires(Equation::by_pressure) {
   if constexpr (parts.cp) {
     out.cp = formulation::heat_capacity(terms);
   }
   if constexpr (parts.slopes) {
     const auto dv = formulation::volume_slopes(terms);
-    const double t_v2 = kelvin(x.t) * dv.over_t * dv.over_t;
+    const Num t_v2 = kelvin(x.t) * dv.over_t * dv.over_t;
     out.cv = out.cp + kj_per_bar_m3 * t_v2 / dv.over_p;
     out.v_over_p_s = dv.over_p + kj_per_bar_m3 * t_v2 / out.cp;
     out.p_over_v = 1 / dv.over_p;
@@ -88,15 +91,16 @@ template <class Equation, Parts parts, class Terms>
 }
 
 /// The same in subregion 3.
-template <class Equation, Parts parts>
-[[gnu::always_inline]] inline void evaluate_second(const Terms3& terms, Variables x,
-                                                   Basis& out) requires(!Equation::by_pressure) {
+template <class Equation, Parts parts, class Num>
+[[gnu::always_inline]] inline void evaluate_second(
+    const Terms3Of<Num>& terms, VariablesOf<Num> x,
+    BasisOf<Num>& out) requires(!Equation::by_pressure) {
   if constexpr (parts.cp) {
     out.cp = formulation::heat_capacity(terms);
   }
   if constexpr (parts.slopes) {
     out.cv = isochoric_heat_capacity3(terms);
-    const double p_t = pressure3_over_t(terms);
+    const Num p_t = pressure3_over_t(terms);
     out.p_over_v = pressure3_over_v(terms);
     out.p_over_t = p_t;
     out.v_over_p_s = 1 / (out.p_over_v - kj_per_bar_m3 * kelvin(x.t) * p_t * p_t / out.cv);

@@ -17,7 +17,10 @@ constexpr double p_350 = 165.35124056379;  // bar: saturation pressure at 350 °
 /// as that limit: the rounding of the pair that it comes from.
 constexpr double limit_slack = 1e-9;
 
-constexpr double kelvin(double t) { return t + formulation::celsius_offset; }
+template <class Num>
+constexpr Num kelvin(Num t) {
+  return t + formulation::celsius_offset;
+}
 
 /// Between subregions 2 and 3.
 using formulation::line_pressure, formulation::line_temperature;

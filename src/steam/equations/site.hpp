@@ -2,9 +2,13 @@
 
 #include <cstdint>
 
+#include "numbers/lanes.hpp"
+#include "steam/equations/domain.hpp"
 #include "vek/steam.hpp"
 
 namespace steam {
+
+using numbers::MaskOf;
 
 /// The quantities that can be given or solved for.
 enum class Quantity : std::uint8_t { p, t, v, h, s, u, x };
@@ -32,9 +36,11 @@ constexpr std::array<Known, pair_count> known{{
 constexpr const Known& known_of(Pair pair) { return known[static_cast<std::size_t>(pair)]; }
 
 /// The variables of a subregion's equation: p and t in 1 and 2, v and t in 3 and 4.
-struct Variables {
-  double z = missing, t = missing;
+template <class Num>
+struct VariablesOf {
+  Num z = missing, t = missing;
 };
+using Variables = VariablesOf<double>;
 
 /// A state by the values that its subregion's equation takes: p and t in 1 and 2, v and t (and the
 /// p that goes with them) in 3 and 4, t and x (and the saturation pressure) in 5 and 6. A wet site
@@ -54,6 +60,11 @@ struct Site {
 
 constexpr bool is_wet(Region r) { return r == Region::wet || r == Region::wet_above_350; }
 constexpr bool is_3(Region r) { return r == Region::dense_steam || r == Region::hot_water; }
+
+/// Region of a state of subregion 3 outside the wet states.
+constexpr Region region_in_3(double v, double t) {
+  return t < t_critical && v < v_critical ? Region::hot_water : Region::dense_steam;
+}
 
 /// The variables of the region's equation at a state of one phase.
 inline Variables variables(const Site& site) {

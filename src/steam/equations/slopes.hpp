@@ -9,10 +9,15 @@
 
 namespace steam {
 
-using Math = SharedDivisions<>;
-using Terms1 = formulation::Terms1<Math>;
-using Terms2 = formulation::Moments2<Math>;
-using Terms3 = formulation::Derivatives3<Math>;
+template <class Num>
+using Terms1Of = formulation::Terms1<SharedDivisions<Num>>;
+template <class Num>
+using Terms2Of = formulation::Moments2<SharedDivisions<Num>>;
+template <class Num>
+using Terms3Of = formulation::Derivatives3<SharedDivisions<Num>>;
+using Terms1 = Terms1Of<double>;
+using Terms2 = Terms2Of<double>;
+using Terms3 = Terms3Of<double>;
 
 constexpr double kj_per_bar_m3 = 100;
 
@@ -23,16 +28,18 @@ struct Water {
   static constexpr double z_floor = 1;
   /// After a step of this relative size v, h and s follow in a straight line to the rounding.
   static constexpr double small_step = 1e-7;
-  [[gnu::always_inline]] static auto terms(double p, double t) {
-    return formulation::terms1<Math>(p, t);
+  template <class Num>
+  [[gnu::always_inline]] static auto terms(Num p, Num t) {
+    return formulation::terms1<SharedDivisions<Num>>(p, t);
   }
 };
 struct Steam {
   static constexpr bool by_pressure = true;
   static constexpr double z_floor = 0;
   static constexpr double small_step = 1e-7;
-  [[gnu::always_inline]] static auto terms(double p, double t) {
-    return formulation::moments2<Math>(p, t);
+  template <class Num>
+  [[gnu::always_inline]] static auto terms(Num p, Num t) {
+    return formulation::moments2<SharedDivisions<Num>>(p, t);
   }
 };
 /// Subregion 3: the equation takes v and t.
@@ -40,27 +47,34 @@ struct Dense {
   static constexpr bool by_pressure = false;
   static constexpr double z_floor = 0;
   static constexpr double small_step = 3e-8;
-  [[gnu::always_inline]] static auto terms(double v, double t) {
-    return formulation::derivatives3<Math>(v, t);
+  template <class Num>
+  [[gnu::always_inline]] static auto terms(Num v, Num t) {
+    return formulation::derivatives3<SharedDivisions<Num>>(v, t);
   }
 };
 
 /// Pressure in subregion 3, bar, with the conditional group where it stands.
-inline double pressure3(const Terms3& s) { return formulation::pressure(s); }
-inline double pressure3_over_v(const Terms3& s) {  // bar kg/m³
+template <class Num>
+[[gnu::always_inline]] inline Num pressure3(const Terms3Of<Num>& s) {
+  return formulation::pressure(s);
+}
+template <class Num>
+[[gnu::always_inline]] inline Num pressure3_over_v(const Terms3Of<Num>& s) {  // bar kg/m³
   return -s.chi_2 * (p_critical / v_critical);
 }
-inline double pressure3_over_t(const Terms3& s) {  // bar/K
+template <class Num>
+[[gnu::always_inline]] inline Num pressure3_over_t(const Terms3Of<Num>& s) {  // bar/K
   return -s.chi_1_theta_1 * (p_critical / formulation::reducing_temperature);
 }
-inline double isochoric_heat_capacity3(const Terms3& s) {
+template <class Num>
+[[gnu::always_inline]] inline Num isochoric_heat_capacity3(const Terms3Of<Num>& s) {
   return -s.theta * s.theta_2 * formulation::entropy_scale;
 }
 
 /// One quantity of a state.
 /// @param z  p, or v in subregion 3
-template <class Equation, Quantity Q, class Terms>
-[[gnu::always_inline]] inline double value_of(const Terms& s, double z, double t) {
+template <class Equation, Quantity Q, class Terms, class Num>
+[[gnu::always_inline]] inline Num value_of(const Terms& s, Num z, Num t) {
   constexpr bool first = Q == (Equation::by_pressure ? Quantity::p : Quantity::v);
   if constexpr (first) {
     return z;
@@ -83,14 +97,16 @@ template <class Equation, Quantity Q, class Terms>
 
 /// A property with its slopes over the two variables of the equation; `over_1` is over p, or over
 /// v in subregion 3.
-struct Sloped {
-  double value, over_1, over_t;
+template <class Num>
+struct SlopedOf {
+  Num value, over_1, over_t;
 };
+using Sloped = SlopedOf<double>;
 
 /// One quantity of a state in subregion 1 or 2.
-template <class Equation, Quantity Q, class Terms>
-[[gnu::always_inline]] inline Sloped sloped(const Terms& s, double p,
-                                            double t) requires(Equation::by_pressure) {
+template <class Equation, Quantity Q, class Terms, class Num>
+[[gnu::always_inline]] inline SlopedOf<Num> sloped(const Terms& s, Num p,
+                                                   Num t) requires(Equation::by_pressure) {
   using formulation::volume, formulation::volume_slopes, formulation::enthalpy,
       formulation::entropy, formulation::heat_capacity;
   constexpr double c = kj_per_bar_m3;
@@ -113,9 +129,9 @@ template <class Equation, Quantity Q, class Terms>
 }
 
 /// One quantity of a state in subregion 3.
-template <class Equation, Quantity Q>
-[[gnu::always_inline]] inline Sloped sloped(const Terms3& s, double v,
-                                            double t) requires(!Equation::by_pressure) {
+template <class Equation, Quantity Q, class Num>
+[[gnu::always_inline]] inline SlopedOf<Num> sloped(const Terms3Of<Num>& s, Num v,
+                                                   Num t) requires(!Equation::by_pressure) {
   constexpr double c = kj_per_bar_m3;
   if constexpr (Q == Quantity::p) {
     return {pressure3(s), pressure3_over_v(s), pressure3_over_t(s)};
@@ -124,14 +140,14 @@ template <class Equation, Quantity Q>
   } else if constexpr (Q == Quantity::v) {
     return {v, 1, 0};
   } else if constexpr (Q == Quantity::h) {
-    const double p_t = pressure3_over_t(s);
+    const Num p_t = pressure3_over_t(s);
     return {formulation::enthalpy(s), c * (kelvin(t) * p_t + v * pressure3_over_v(s)),
             isochoric_heat_capacity3(s) + c * v * p_t};
   } else if constexpr (Q == Quantity::s) {
     return {formulation::entropy(s), c * pressure3_over_t(s),
             isochoric_heat_capacity3(s) / kelvin(t)};
   } else {
-    const double p = pressure3(s);
+    const Num p = pressure3(s);
     return {formulation::enthalpy(s) - c * p * v, c * (kelvin(t) * pressure3_over_t(s) - p),
             isochoric_heat_capacity3(s)};
   }

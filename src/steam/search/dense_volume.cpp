@@ -6,7 +6,6 @@
 
 #include "steam/search/root.hpp"
 #include "steam/tables/charts.hpp"
-#include "steam/tables/tabulated_saturation.hpp"
 
 namespace steam {
 namespace {
@@ -61,11 +60,6 @@ double volume_in(Bracket bracket, const Isotherm& isotherm, double p, double sta
 }
 
 }  // namespace
-
-SaturatedVolumes rough_saturated_volumes(double t) {
-  const Ends v = TabulatedSaturation(t).ends<Quantity::v>();
-  return {v.liquid, t < t_jump ? v.vapour : v.liquid};
-}
 
 double dense_volume(Region branch, double p, double t) {
   double start = v_critical;

@@ -2,6 +2,7 @@
 
 #include "formulation/subregion3_isotherm.hpp"
 #include "steam/equations/site.hpp"
+#include "steam/tables/tabulated_saturation.hpp"
 
 namespace steam {
 
@@ -11,9 +12,11 @@ using Isotherm = formulation::Isotherm3<double>;
 /// @param branch  hot_water for the liquid, else dense_steam
 double dense_volume(Region branch, double p, double t);
 
-struct SaturatedVolumes {
-  double liquid, vapour;  // m³/kg
+template <class Num>
+struct SaturatedVolumesOf {
+  Num liquid, vapour;  // m³/kg
 };
+using SaturatedVolumes = SaturatedVolumesOf<double>;
 
 /// Saturated volumes above 350 °C: the two roots of the equation at the saturation pressure.
 /// @note  Within 0.0006 K below the critical temperature the equation has one root only at that
@@ -21,6 +24,10 @@ struct SaturatedVolumes {
 SaturatedVolumes saturated_volumes(double t, double p_saturation);
 
 /// The same from the table, to 1e-8, next to the critical point 1e-3.
-SaturatedVolumes rough_saturated_volumes(double t);
+template <class Num>
+SaturatedVolumesOf<Num> rough_saturated_volumes(Num t) {
+  const auto v = TabulatedSaturationOf<Num>(t).template ends<Quantity::v>();
+  return {v.liquid, numbers::select(t < t_jump, v.vapour, v.liquid)};
+}
 
 }  // namespace steam

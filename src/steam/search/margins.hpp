@@ -50,6 +50,8 @@ struct Sure {
 
 namespace margins {
 
+using numbers::all, numbers::any;
+
 /// The tables know saturation pressures to a few 1e-5, saturated volumes of subregion 3 to 1e-8
 /// but for the last 0.2 K, where they are not asked.
 constexpr double saturation_doubt = 1e-4, volume_doubt = 1e-6, quality_doubt = 5e-6;
@@ -57,9 +59,96 @@ constexpr double t_doubtful = t_critical - 0.3;
 /// Rounding of a computed pressure or temperature.
 constexpr double p_doubt = 1e-8, t_doubt = 1e-6;
 
-inline bool is_in_range(double p, double t) {
-  return p > p_lowest * (1 + p_doubt) && p < p_highest * (1 - p_doubt) && t > t_lowest + t_doubt &&
-         t < t_highest - t_doubt;
+template <class Num>
+MaskOf<Num> is_in_range(Num p, Num t) {
+  return (p > p_lowest * (1 + p_doubt)) & (p < p_highest * (1 - p_doubt)) &
+         (t > t_lowest + t_doubt) & (t < t_highest - t_doubt);
+}
+
+/// Where a state of one phase is by its equation: surely inside the subregion, and so far inside
+/// that no boundary matters.
+template <class Num>
+struct Depth {
+  MaskOf<Num> inside, alone;
+};
+
+/// @param p, t  a given value may be just a limit
+template <class Num>
+Depth<Num> depth_of_water(Num p, Num t, Overlap overlap) {
+  constexpr double beside_liquid = 1e-2;
+  const Num p_saturated = tabulated_saturation_pressure(t);
+  const double beside = overlap.quality == 0 ? saturation_doubt : beside_liquid;
+  const MaskOf<Num> inside = (t < t_350 - t_doubt) & (p > p_saturated * (1 + saturation_doubt));
+  const MaskOf<Num> alone = (t < t_350 - overlap.kelvins) & (p > p_saturated * (1 + beside));
+  return {inside, MaskOf<Num>(inside & alone)};
+}
+
+template <class Num>
+Depth<Num> depth_of_steam(Num p, Num t, Overlap overlap) {
+  Depth<Num> depth;
+  depth.inside = depth.alone = t > t_line_end + t_doubt;
+  if (all(depth.inside)) {
+    return depth;
+  }
+  const auto cool = t <= t_350;
+  if (any(cool)) {
+    const MaskOf<Num> unsaturated =
+        cool & (p < tabulated_saturation_pressure(t) * (1 - saturation_doubt));
+    depth.inside |= unsaturated;
+    depth.alone |= unsaturated;
+  }
+  const MaskOf<Num> warm = !cool & (t < t_line_end);
+  if (any(warm)) {
+    const Num p_line = line_pressure<SharedDivisions<Num>>(t);
+    const MaskOf<Num> below = warm & (p < p_line * (1 - p_doubt));
+    depth.inside |= below;
+    depth.alone |= below & (p < p_line * (1 - overlap.share));
+  }
+  return depth;
+}
+
+/// Whether a state of subregion 3 is surely outside the wet states.
+template <class Num>
+MaskOf<Num> is_unsaturated(Num v, Num t) {
+  const auto beyond = t > t_critical + t_doubt;
+  if (all(beyond)) {
+    return beyond;
+  }
+  const SaturatedVolumesOf<Num> saturated =
+      rough_saturated_volumes(numbers::smaller(t, Num(t_doubtful)));
+  const auto liquid = v < v_critical;
+  return beyond | (liquid & (v < saturated.liquid * (1 - volume_doubt))) |
+         (!liquid & (v > saturated.vapour * (1 + volume_doubt)));
+}
+
+/// Subregion 3 is densest at 1000 bar and 350 °C, 0.00131472 m³/kg: its equation has the pressures
+/// of the range once more at smaller volumes, where there are no states.
+constexpr double v_densest = 0.0013147;
+
+template <class Num>
+Depth<Num> depth_of_dense(Num p, Num v, Num t, Overlap overlap) {
+  const Num p_line = line_pressure<SharedDivisions<Num>>(t);
+  const MaskOf<Num> inside = (t > t_350 + (overlap.kelvins > 0 ? t_doubt : 0)) &
+                             (t < t_line_end - t_doubt) & (p > p_line * (1 + p_doubt)) &
+                             (v > v_densest) & is_unsaturated(v, t);
+  const MaskOf<Num> alone = (t >= t_350 + overlap.kelvins) & (p >= p_line * (1 + overlap.share));
+  return {inside, MaskOf<Num>(inside & alone)};
+}
+
+/// Of a state in the subregion of an equation.
+template <class Equation, class Num>
+[[gnu::always_inline]] inline Depth<Num> depth_of(Region region, Num p, Num v, Num t,
+                                                  Overlap overlap) {
+  Depth<Num> depth;
+  if constexpr (!Equation::by_pressure) {
+    depth = depth_of_dense(p, v, t, overlap);
+  } else {
+    depth = region == Region::water ? depth_of_water(p, t, overlap) : depth_of_steam(p, t, overlap);
+  }
+  const MaskOf<Num> in_range = is_in_range(p, t);
+  depth.inside &= in_range;
+  depth.alone &= in_range;
+  return depth;
 }
 
 /// Beside a boundary: sure but for the neighbour.
@@ -69,77 +158,32 @@ constexpr Sure all_sure{true, true}, only_first{true, false}, unsure{};
 /// Beside the end of the saturation line at 350 °C more than two subregions may have a pair.
 inline bool is_at_corner(double p, Overlap overlap) { return p < p_350 * (1 + overlap.corner); }
 
-/// Pressure and temperature in water; a given value may be just a limit.
-inline Sure of_water(const Site& site, Overlap overlap) {
-  const double p_saturated = tabulated_saturation_pressure(site.t);
-  if (!(site.t < t_350 - t_doubt && site.p > p_saturated * (1 + saturation_doubt))) {
-    return unsure;
-  }
-  if (site.t >= t_350 - overlap.kelvins) {
-    return is_at_corner(site.p, overlap) ? only_first : but_for(Region::hot_water);
-  }
-  constexpr double beside_liquid = 1e-2;
-  const bool alone = overlap.quality == 0 || site.p > p_saturated * (1 + beside_liquid);
-  return alone ? all_sure : only_first;
+/// Of states inside their subregions, but beside a boundary.
+inline Sure beside_water(const Site& site, Overlap overlap) {
+  const bool at_350 = site.t >= t_350 - overlap.kelvins;
+  return at_350 && !is_at_corner(site.p, overlap) ? but_for(Region::hot_water) : only_first;
 }
-
-inline Sure of_steam(const Site& site, Overlap overlap) {
-  if (site.t > t_line_end + t_doubt) {
-    return all_sure;
-  }
-  if (site.t <= t_350) {
-    const bool inside = site.p < tabulated_saturation_pressure(site.t) * (1 - saturation_doubt);
-    return inside ? all_sure : unsure;
-  }
-  const double p_line = line_pressure(site.t);
-  if (!(site.t < t_line_end && site.p < p_line * (1 - p_doubt))) {
-    return unsure;
-  }
-  const bool alone = site.p < p_line * (1 - overlap.share);
-  const bool at_corner = site.t < t_350 + overlap.kelvins;
-  return alone ? all_sure : at_corner ? only_first : but_for(Region::dense_steam);
+inline Sure beside_steam(const Site& site, Overlap overlap) {
+  return site.t < t_350 + overlap.kelvins ? only_first : but_for(Region::dense_steam);
 }
-
-/// Whether a state of subregion 3 is surely outside the wet states.
-inline bool is_unsaturated(const Site& site) {
-  if (site.t > t_critical + t_doubt) {
-    return true;
+inline Sure beside_dense(const Site& site, Overlap overlap) {
+  if (site.t >= t_350 + overlap.kelvins) {
+    return but_for(Region::steam);
   }
-  const SaturatedVolumes v = rough_saturated_volumes(std::fmin(site.t, t_doubtful));
-  return site.v < v_critical ? site.v < v.liquid * (1 - volume_doubt)
-                             : site.v > v.vapour * (1 + volume_doubt);
-}
-
-/// Subregion 3 is densest at 1000 bar and 350 °C, 0.00131472 m³/kg: its equation has the pressures
-/// of the range once more at smaller volumes, where there are no states.
-constexpr double v_densest = 0.0013147;
-
-inline Sure of_dense(const Site& site, Overlap overlap) {
-  const double p_line = line_pressure(site.t);
-  const bool inside = site.t > t_350 + (overlap.kelvins > 0 ? t_doubt : 0) &&
-                      site.t < t_line_end - t_doubt && site.p > p_line * (1 + p_doubt) &&
-                      site.v > v_densest && is_unsaturated(site);
-  if (!inside) {
-    return unsure;
-  }
-  const bool at_350 = site.t < t_350 + overlap.kelvins;
-  const bool at_line = site.p < p_line * (1 + overlap.share);
-  if (at_350) {
-    return is_at_corner(site.p, overlap) ? unsure : but_for(Region::water);
-  }
-  return at_line ? but_for(Region::steam) : all_sure;
+  return is_at_corner(site.p, overlap) ? unsure : but_for(Region::water);
 }
 
 /// The certainty of a state of one phase by its equation.
 template <class Equation>
 Sure of(const Site& site, Overlap overlap) {
-  if (!is_in_range(site.p, site.t)) {
-    return unsure;
+  const auto [inside, alone] = depth_of<Equation>(site.region, site.p, site.v, site.t, overlap);
+  if (alone || !inside) {
+    return alone ? all_sure : unsure;
   }
   if constexpr (!Equation::by_pressure) {
-    return of_dense(site, overlap);
+    return beside_dense(site, overlap);
   } else {
-    return site.region == Region::water ? of_water(site, overlap) : of_steam(site, overlap);
+    return site.region == Region::water ? beside_water(site, overlap) : beside_steam(site, overlap);
   }
 }
 

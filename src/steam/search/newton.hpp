@@ -1,8 +1,5 @@
 #pragma once
 
-#include <algorithm>
-#include <cmath>
-
 #include "steam/equations/basis.hpp"
 #include "steam/search/tolerances.hpp"
 
@@ -13,6 +10,8 @@ namespace steam {
 
 namespace newton {
 
+using numbers::abs, numbers::larger, numbers::smaller;
+
 constexpr int most_steps = 9;
 
 template <Quantity Q, class Equation>
@@ -20,9 +19,10 @@ constexpr bool is_first_variable = Q == (Equation::by_pressure ? Quantity::p : Q
 
 /// How far the properties are from the wanted ones, and their slopes; only what the pair leaves
 /// open is filled in.
+template <class Num>
 struct System {
-  Sloped first, second;
-  double miss_first, miss_second;
+  SlopedOf<Num> first, second;
+  Num miss_first, miss_second;
 };
 
 template <Pair P, class Equation>
@@ -35,7 +35,8 @@ struct Solver {
   static constexpr bool solves_b = !is_first_variable<B, Equation> && B != Quantity::t;
   static constexpr Moves moves{.z = !gives_z, .t = !gives_t};
 
-  static Variables with_given(Variables x, double a, double b) {
+  template <class Num>
+  static VariablesOf<Num> with_given(VariablesOf<Num> x, Num a, Num b) {
     if constexpr (gives_z) {
       x.z = is_first_variable<A, Equation> ? a : b;
     }
@@ -45,9 +46,10 @@ struct Solver {
     return x;
   }
 
-  template <class Terms>
-  [[gnu::always_inline]] static System system(const Terms& terms, Variables x, double a, double b) {
-    System m{};
+  template <class Terms, class Num>
+  [[gnu::always_inline]] static System<Num> system(const Terms& terms, VariablesOf<Num> x, Num a,
+                                                   Num b) {
+    System<Num> m{};
     if constexpr (solves_a) {
       m.first = sloped<Equation, A>(terms, x.z, x.t);
       m.miss_first = a - m.first.value;
@@ -59,7 +61,8 @@ struct Solver {
     return m;
   }
 
-  [[gnu::always_inline]] static Variables step(const System& m) {
+  template <class Num>
+  [[gnu::always_inline]] static VariablesOf<Num> step(const System<Num>& m) {
     if constexpr (gives_z && gives_t) {
       return {0, 0};
     } else if constexpr (gives_z) {
@@ -67,8 +70,7 @@ struct Solver {
     } else if constexpr (gives_t) {
       return {solves_b ? m.miss_second / m.second.over_1 : m.miss_first / m.first.over_1, 0};
     } else {
-      const double determinant =
-          m.first.over_1 * m.second.over_t - m.first.over_t * m.second.over_1;
+      const Num determinant = m.first.over_1 * m.second.over_t - m.first.over_t * m.second.over_1;
       return {(m.miss_first * m.second.over_t - m.first.over_t * m.miss_second) / determinant,
               (m.first.over_1 * m.miss_second - m.miss_first * m.second.over_1) / determinant};
     }
@@ -76,23 +78,26 @@ struct Solver {
 
   /// Where the properties hardly depend on a variable its steps never get small; then this ends
   /// them.
-  static bool is_rounding(const System& m, double a, double b) {
+  template <class Num>
+  [[gnu::always_inline]] static MaskOf<Num> is_rounding(const System<Num>& m, Num a, Num b) {
     constexpr double room = 2;  // of both values
-    return std::abs(m.miss_first) <= room * rounding(A, a) &&
-           std::abs(m.miss_second) <= room * rounding(B, b);
+    return (abs(m.miss_first) <= room * rounding(A, a)) &
+           (abs(m.miss_second) <= room * rounding(B, b));
   }
 };
 
 /// Size of a step in its own variables.
-template <class Equation>
-double relative_size(Variables step, Variables x) {
-  return std::abs(step.z) / (x.z + Equation::z_floor) + std::abs(step.t / kelvin(x.t));
+template <class Equation, class Num>
+[[gnu::always_inline]] inline Num relative_size(VariablesOf<Num> step, VariablesOf<Num> x) {
+  return abs(step.z) / (x.z + Equation::z_floor) + abs(step.t / kelvin(x.t));
 }
 
 /// Keeps a step within what the neighbourhood of a good start can need, and the variables positive.
-inline Variables limited(Variables step, Variables x) {
-  constexpr double widest_t = 60;
-  return {std::clamp(step.z, -0.6 * x.z, 1.5 * x.z), std::clamp(step.t, -widest_t, widest_t)};
+template <class Num>
+[[gnu::always_inline]] inline VariablesOf<Num> limited(VariablesOf<Num> step, VariablesOf<Num> x) {
+  const Num widest_t = 60;
+  return {smaller(larger(step.z, -0.6 * x.z), 1.5 * x.z),
+          smaller(larger(step.t, -widest_t), widest_t)};
 }
 
 }  // namespace newton

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "numbers/lanes.hpp"
 #include "steam/equations/site.hpp"
 
 namespace steam {
@@ -39,8 +40,9 @@ constexpr const Tolerance& tolerance_of(Quantity q) {
   return tolerances[static_cast<std::size_t>(q)];
 }
 constexpr double relative_rounding = 4e-16;
-inline double rounding(Quantity q, double value) {
-  return tolerance_of(q).rounding + relative_rounding * std::abs(value);
+template <class Num>
+Num rounding(Quantity q, Num value) {
+  return tolerance_of(q).rounding + relative_rounding * numbers::abs(value);
 }
 inline double rounding_in(Region region, Quantity q, double value) {
   const double of_equation =

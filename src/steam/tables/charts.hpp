@@ -6,6 +6,7 @@
 #include <iterator>
 #include <utility>
 
+#include "numbers/rows.hpp"
 #include "steam/equations/arithmetic.hpp"
 #include "steam/tables/chart_layout.hpp"
 
@@ -115,31 +116,40 @@ inline constexpr std::array<Chart, pair_count> charts = [] {
 }();
 static_assert(chart_data::all.size() == chart_layouts.size());
 
+/// The value of a cell's polynomial.
+/// @param c     its coefficients: what single precision leaves of the first, then by powers of y
+/// @param x, y  the place in the cell, -1 to 1
+template <class Num>
+[[gnu::always_inline]] inline Num chart_value(const numbers::Rows<Num, float>& c, Num x, Num y) {
+  std::array<Num, chart_degree + 1> over_x;
+  std::size_t next = 1;
+  const auto add = [&]<std::size_t power>() __attribute__((always_inline)) {
+    std::array<Num, chart_degree + 1 - power> row;
+    for (Num& coefficient : row) {
+      coefficient = c[next++];
+    }
+    over_x[power] = SharedDivisions<Num>::polynomial(row, x);
+  };
+  [&]<std::size_t... power>(std::index_sequence<power...>) __attribute__((always_inline)) {
+    (add.template operator()<power>(), ...);
+  }
+  (std::make_index_sequence<chart_degree + 1>{});
+  return SharedDivisions<Num>::polynomial(over_x, y) + c[0];
+}
+
 /// Position in a chart: the patches of the cell and the place in it, -1 to 1.
 struct Place {
   Patches patches;
   const float* coefficients = nullptr;
   double x = 0, y = 0;
 
-  /// The value of polynomial number `index` of a patch.
+  /// Coefficients of polynomial number `index` of a patch.
+  [[nodiscard]] const float* polynomial(const Patch& patch, std::size_t index) const {
+    return coefficients + chart_stride * (patch.polynomials + index);
+  }
+  /// The value of that polynomial.
   [[nodiscard]] double operator()(const Patch& patch, std::size_t index) const {
-    const float* c = coefficients + chart_stride * (patch.polynomials + index);
-    // A place without coefficients has no patches to ask for.
-    const auto rest = static_cast<double>(*c++);  // NOLINT(clang-analyzer-core.NullDereference)
-    std::array<double, chart_degree + 1> over_x{};
-    const auto add = [&]<std::size_t power>() {
-      constexpr std::size_t count = chart_degree + 1 - power;
-      std::array<double, count> row{};
-      for (std::size_t i = 0; i < count; ++i) {
-        row[i] = static_cast<double>(*c++);
-      }
-      over_x[power] = SharedDivisions<>::polynomial(row, x);
-    };
-    [&]<std::size_t... power>(std::index_sequence<power...>) {
-      (add.template operator()<power>(), ...);
-    }
-    (std::make_index_sequence<chart_degree + 1>{});
-    return SharedDivisions<>::polynomial(over_x, y) + rest;
+    return chart_value<double>({{polynomial(patch, index)}}, x, y);
   }
 };
 
