@@ -4,6 +4,7 @@
 
 #include "formulation/elementary.hpp"
 #include "formulation/reduced.hpp"
+#include "numbers/lanes.hpp"
 
 namespace formulation {
 
@@ -29,16 +30,16 @@ constexpr Extended one_over_reference_temperature{0.00154495032984689542231217L,
 /// Dynamic viscosity, Pa·s.
 /// @param v  specific volume, m³/kg
 /// @param t  temperature, °C
-template <class Math>
-double viscosity(double v, double t) {
+template <class Math, class Num>
+Num viscosity(Num v, Num t) {
   using namespace viscosity_table;
-  const double T = Math::extended_product(t + celsius_offset, one_over_reference_temperature);
-  const double u = 1 / T;
-  const double eta0 = Math::sqrt(T) / Math::polynomial(H, u) * 1.0e-6;
-  const double rho = 1 / (v * reference_density);
-  const double r = rho - 1;
-  const double s = u - 1;
-  double sum = Math::polynomial(Hij.back(), r);
+  const Num T = Math::extended_product(t + celsius_offset, one_over_reference_temperature);
+  const Num u = 1 / T;
+  const Num eta0 = Math::sqrt(T) / Math::polynomial(H, u) * 1.0e-6;
+  const Num rho = 1 / (v * reference_density);
+  const Num r = rho - 1;
+  const Num s = u - 1;
+  Num sum = Math::polynomial(Hij.back(), r);
   for (auto i = Hij.size() - 1; i-- > 0;) {
     sum = sum * s + Math::polynomial(Hij[i], r);
   }
@@ -49,28 +50,31 @@ double viscosity(double v, double t) {
 /// @param v  specific volume, m³/kg
 /// @param t  temperature, °C
 /// @note  the corrections for 450, 300 and 150 °C apply up to and including those temperatures
-template <class Math>
-double conductivity(double v, double t) {
+template <class Math, class Num>
+Num conductivity(Num v, Num t) {
+  using numbers::all, numbers::select;
   constexpr double shared_factor = 6.8e-5;  // intended: of t² and again of the last correction
-  const double rho = 1 / v;
-  double lambda =
+  const Num rho = 1 / v;
+  Num lambda =
       ((1.13e-7 - 5.2e-11 * t) * t + 5.53e-5) * t + 0.0179 + (5.5e-7 * rho + 0.00035) * rho;
-  const double c = 1000 - rho;
-  const double root_q = c * c * c * rho;
-  const double q = root_q * root_q * root_q;
+  const Num c = 1000 - rho;
+  const Num root_q = c * c * c * rho;
+  const Num q = root_q * root_q * root_q;
   lambda += (2.55e-29 * Math::exp(-0.0433 * t) + 8.56e-33 * Math::exp(-0.01371 * t)) * q;
-  if (t > 450) {
+  const auto above_450 = t > 450, above_300 = t > 300, above_150 = t > 150;
+  if (all(above_450)) {
     return lambda;
   }
-  lambda -= 0.000103 * Math::exp(-1.33e-10 * (t * t * (t * t))) * rho;
-  if (t > 300) {
+  lambda =
+      select(above_450, lambda, lambda - 0.000103 * Math::exp(-1.33e-10 * (t * t * (t * t))) * rho);
+  if (all(above_300)) {
     return lambda;
   }
-  lambda -= 0.000173 * Math::exp(-shared_factor * (t * t)) * rho;
-  if (t > 150) {
+  lambda = select(above_300, lambda, lambda - 0.000173 * Math::exp(-shared_factor * (t * t)) * rho);
+  if (all(above_150)) {
     return lambda;
   }
-  return lambda - shared_factor * Math::exp(-0.0422 * t) * rho;
+  return select(above_150, lambda, lambda - shared_factor * Math::exp(-0.0422 * t) * rho);
 }
 
 }  // namespace formulation

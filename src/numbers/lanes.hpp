@@ -213,6 +213,21 @@ template <int n, class F>
   return y;
 }
 
+/// What a function of two doubles gives in each lane.
+template <class F>
+[[gnu::always_inline]] inline double each_lane(double x, double y, const F& f) {
+  return f(x, y);
+}
+template <int n, class F>
+[[gnu::always_inline]] inline Lanes<double, n> each_lane(Lanes<double, n> x, Lanes<double, n> y,
+                                                         const F& f) {
+  Lanes<double, n> z;
+  for (int lane = 0; lane < n; ++lane) {
+    z.v[lane] = f(x.v[lane], y.v[lane]);
+  }
+  return z;
+}
+
 /// table(index), such as an element of an array, for the index of each lane.
 template <class Table>
 [[gnu::always_inline]] inline double look_up(std::int64_t index, const Table& table) {
@@ -298,7 +313,7 @@ template <int n>
 #endif
 #if defined(__AVX512F__)
   else if constexpr (n == 8) {
-    return Lanes<double, n>(_mm512_sqrt_pd(x.v));
+    return Lanes<double, n>(_mm512_maskz_sqrt_pd(0xff, x.v));
   }
 #endif
   else {

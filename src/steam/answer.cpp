@@ -1,15 +1,11 @@
 #include "steam/answer.hpp"
 
+#include "steam/completion.hpp"
 #include "steam/refusal.hpp"
 #include "steam/search/solve.hpp"
 
 namespace steam {
 namespace {
-
-/// Where a basis keeps a quantity.
-constexpr std::array<double Basis::*, 7> place_of{&Basis::p, &Basis::t, &Basis::v, &Basis::h,
-                                                  &Basis::s, &Basis::u, &Basis::x};
-double& at(Basis& basis, Quantity q) { return basis.*place_of[static_cast<std::size_t>(q)]; }
 
 /// The state that counts, and whether there are others.
 Quick first_of_all(Pair pair, double first, double second, bool& several) {
@@ -23,24 +19,7 @@ Quick first_of_all(Pair pair, double first, double second, bool& several) {
 void complete_for_pair(Basis& basis, Pair pair, double first, double second, const Site& site,
                        const Needs& needs, const Parts& has) {
   complete(basis, site, needs, has);
-  const Known& k = known_of(pair);
-  // Of two values that are neither p nor t, an approximate state has the one whose line was
-  // followed.
-  const bool follows_second = k.second == Quantity::s && k.first != Quantity::p &&
-                              k.first != Quantity::t && k.first != Quantity::v;
-  if (!site.approximate || !follows_second) {
-    at(basis, k.first) = first;
-  }
-  if (!site.approximate || follows_second) {
-    at(basis, k.second) = second;
-  }
-  const bool gives_u = k.first == Quantity::u || k.second == Quantity::u;
-  if (!gives_u || (site.approximate && !(k.first == Quantity::u && !follows_second))) {
-    basis.u = basis.h - kj_per_bar_m3 * site.p * basis.v;
-  }
-  if ((needs.viscosity || needs.conductivity) && !is_wet(site.region)) {
-    complete_transport(basis, needs);
-  }
+  completion::for_pair(basis, pair, first, second, site, needs);
 }
 
 Wanted::Wanted(std::size_t number, const int* numbers) : count(number), properties(numbers) {

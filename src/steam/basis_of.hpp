@@ -8,9 +8,6 @@ namespace steam {
 /// @param has  parts that the search has left in the basis already
 void complete(Basis& basis, const Site& site, const Needs& needs, const Parts& has);
 
-/// Viscosity and conductivity as needed, from v and t.
-void complete_transport(Basis& basis, const Needs& needs);
-
 /// What a wet state of quality 0 or 1 has of its only phase.
 void take_one_phase(Basis& basis, const Basis& phase);
 

@@ -20,18 +20,16 @@ static_assert(is_in_order(), "the rows stand in the order of the enumerators");
 
 }  // namespace
 
-double property_table::surface_tension(const Basis& b) {
+double property_table::surface_tension(double t) {
   constexpr double T_critical = 647.15;
-  const double x = std::fmax(1 - kelvin(b.t) / T_critical, 0);
+  const double x = std::fmax(1 - kelvin(t) / T_critical, 0);
   return 235.8e-3 * numbers::power(x, 1.256) * (1 - 0.625 * x);
 }
 
-double property_table::saturation_slope(const Basis& b) {
-  return sloped_saturation_pressure(b.t).over_t;
-}
+double property_table::saturation_slope(double t) { return sloped_saturation_pressure(t).over_t; }
 
-double property_table::superheat(const Basis& b) {
-  return b.p < p_critical ? b.t - saturation_temperature(b.p) : missing;
+double property_table::superheat(double p, double t) {
+  return p < p_critical ? t - saturation_temperature(p) : missing;
 }
 
 }  // namespace steam

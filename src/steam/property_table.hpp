@@ -42,17 +42,20 @@ constexpr Exists kind_of(const Basis& basis) {
 }
 
 /// One property: everything that lists properties follows from these rows.
-struct PropertyRow {
+template <class Num>
+struct PropertyRowOf {
   Property property;
   const char* name;
   const char* letter;
   const char* unit;
   Exists exists;
   Needs needs;
-  double (*of)(const Basis&);
+  Num (*of)(const BasisOf<Num>&);
 };
+using PropertyRow = PropertyRowOf<double>;
 
 namespace property_table {
+constexpr double number_of(Region region) { return static_cast<double>(region); }
 constexpr Needs v{.parts = {.v = true}}, h{.parts = {.h = true}}, s{.parts = {.s = true}};
 constexpr Needs u{.parts = {.v = true, .h = true}};
 constexpr Needs cp{.parts = {.cp = true}};
@@ -67,117 +70,141 @@ constexpr Needs prandtl{.parts = {.v = true, .cp = true}, .viscosity = true, .co
 constexpr double pascal = 1e5;  // per bar
 constexpr double joule = 1000;  // per kJ
 
-inline double speed_of_sound(double volume, double over_p_s) {
-  return std::sqrt(-volume * volume / over_p_s * pascal);
+template <class Num>
+Num speed_of_sound(Num volume, Num over_p_s) {
+  return numbers::sqrt(-volume * volume / over_p_s * pascal);
 }
 
 /// Surface tension of saturated water, N/m; 0 at and beyond its own critical temperature.
 /// @source IAPS release on the surface tension of water substance (1975)
-double surface_tension(const Basis& b);
-double saturation_slope(const Basis& b);
-double superheat(const Basis& b);
+double surface_tension(double t);
+double saturation_slope(double t);
+double superheat(double p, double t);
+
+/// In subregion 3 the states of several lanes may be of either region.
+template <class Num>
+Num region(const BasisOf<Num>& b) {
+  if constexpr (numbers::width_of < Num >> 1) {
+    if (is_3(b.region)) {
+      return numbers::select((b.t < t_critical) & (b.v < v_critical),
+                             Num(number_of(Region::hot_water)),
+                             Num(number_of(Region::dense_steam)));
+    }
+  }
+  return number_of(b.region);
+}
 }  // namespace property_table
 
-using B = Basis;
 /// By `Property`.
-constexpr std::array<PropertyRow, property_count> property_rows{{
-    {Property::p, "pressure", "p", "bar", always, {}, [](const B& b) { return b.p; }},
-    {Property::t, "temperature", "t", "°C", always, {}, [](const B& b) { return b.t; }},
+template <class Num, class B = BasisOf<Num>>
+constexpr std::array<PropertyRowOf<Num>, property_count> property_rows_of{{
+    {Property::p, "pressure", "p", "bar", always, {}, [](const B& b) -> Num { return b.p; }},
+    {Property::t, "temperature", "t", "°C", always, {}, [](const B& b) -> Num { return b.t; }},
     {Property::v, "specific volume", "v", "m³/kg", always, property_table::v,
-     [](const B& b) { return b.v; }},
+     [](const B& b) -> Num { return b.v; }},
     {Property::h, "enthalpy", "h", "kJ/kg", always, property_table::h,
-     [](const B& b) { return b.h; }},
+     [](const B& b) -> Num { return b.h; }},
     {Property::s, "entropy", "s", "kJ/(kg K)", always, property_table::s,
-     [](const B& b) { return b.s; }},
+     [](const B& b) -> Num { return b.s; }},
     {Property::u, "internal energy", "u", "kJ/kg", always, property_table::u,
-     [](const B& b) { return b.u; }},
+     [](const B& b) -> Num { return b.u; }},
     {Property::x,
      "quality",
      "x",
      "",
      in_wet_states,
      {.quality = true},
-     [](const B& b) { return b.x; }},
+     [](const B& b) -> Num { return b.x; }},
     {Property::density, "density", "rho", "kg/m³", always, property_table::v,
-     [](const B& b) { return 1 / b.v; }},
+     [](const B& b) -> Num { return 1 / b.v; }},
     {Property::cp, "isobaric heat capacity", "cp", "kJ/(kg K)", in_one_phase, property_table::cp,
-     [](const B& b) { return b.cp; }},
+     [](const B& b) -> Num { return b.cp; }},
     {Property::cv, "isochoric heat capacity", "cv", "kJ/(kg K)", in_one_phase,
-     property_table::slopes, [](const B& b) { return b.cv; }},
+     property_table::slopes, [](const B& b) -> Num { return b.cv; }},
     {Property::speed_of_sound, "speed of sound", "w", "m/s", in_one_phase, property_table::slopes,
-     [](const B& b) { return property_table::speed_of_sound(b.v, b.v_over_p_s); }},
+     [](const B& b) -> Num { return property_table::speed_of_sound(b.v, b.v_over_p_s); }},
     {Property::isentropic_exponent, "isentropic exponent", "kappa", "", in_one_phase,
-     property_table::slopes, [](const B& b) { return -b.v / b.v_over_p_s / b.p; }},
+     property_table::slopes, [](const B& b) -> Num { return -b.v / b.v_over_p_s / b.p; }},
     {Property::viscosity, "dynamic viscosity", "eta", "Pa·s", in_one_phase,
-     property_table::viscosity, [](const B& b) { return b.viscosity; }},
+     property_table::viscosity, [](const B& b) -> Num { return b.viscosity; }},
     {Property::conductivity, "thermal conductivity", "lambda", "W/(m K)", in_one_phase,
-     property_table::conductivity, [](const B& b) { return b.conductivity; }},
+     property_table::conductivity, [](const B& b) -> Num { return b.conductivity; }},
     {Property::prandtl, "Prandtl number", "Pr", "", in_one_phase, property_table::prandtl,
-     [](const B& b) { return b.viscosity * b.cp * property_table::joule / b.conductivity; }},
+     [](const B& b) -> Num { return b.viscosity * b.cp * property_table::joule / b.conductivity; }},
     {Property::surface_tension,
      "surface tension",
      "sigma",
      "N/m",
      in_wet_states,
      {},
-     property_table::surface_tension},
+     [](const B& b) -> Num { return numbers::each_lane(b.t, property_table::surface_tension); }},
     {Property::region,
      "region",
      "region",
      "",
      always,
      {},
-     [](const B& b) { return static_cast<double>(b.region); }},
+     [](const B& b) -> Num { return property_table::region(b); }},
     {Property::isothermal_compressibility, "isothermal compressibility", "kappaT", "1/bar",
-     in_one_phase, property_table::slopes, [](const B& b) { return -1 / (b.v * b.p_over_v); }},
+     in_one_phase, property_table::slopes,
+     [](const B& b) -> Num { return -1 / (b.v * b.p_over_v); }},
     {Property::isobaric_expansion, "isobaric expansion", "alpha", "1/K", in_one_phase,
-     property_table::slopes, [](const B& b) { return -b.p_over_t / (b.v * b.p_over_v); }},
+     property_table::slopes, [](const B& b) -> Num { return -b.p_over_t / (b.v * b.p_over_v); }},
     {Property::joule_thomson, "Joule-Thomson coefficient", "mu", "K/bar", in_one_phase,
      property_table::slopes,
-     [](const B& b) {
+     [](const B& b) -> Num {
        return -kj_per_bar_m3 * (kelvin(b.t) * b.p_over_t / b.p_over_v + b.v) / b.cp;
      }},
     {Property::p_over_v, "slope of pressure over volume", "dp/dv", "bar kg/m³", in_one_phase,
-     property_table::slopes, [](const B& b) { return b.p_over_v; }},
+     property_table::slopes, [](const B& b) -> Num { return b.p_over_v; }},
     {Property::p_over_t, "slope of pressure over temperature", "dp/dt", "bar/K", in_one_phase,
-     property_table::slopes, [](const B& b) { return b.p_over_t; }},
+     property_table::slopes, [](const B& b) -> Num { return b.p_over_t; }},
     {Property::saturation_slope,
      "slope of the saturation line",
      "dps/dt",
      "bar/K",
      in_wet_states,
      {},
-     property_table::saturation_slope},
+     [](const B& b) -> Num { return numbers::each_lane(b.t, property_table::saturation_slope); }},
     {Property::heat_of_evaporation, "heat of evaporation", "r", "kJ/kg", in_wet_states,
-     property_table::evaporation, [](const B& b) { return b.heat_of_evaporation; }},
+     property_table::evaporation, [](const B& b) -> Num { return b.heat_of_evaporation; }},
     {Property::wet_speed_of_sound, "speed of sound of wet steam", "w_wet", "m/s", in_wet_states,
      property_table::v | property_table::evaporation,
-     [](const B& b) { return property_table::speed_of_sound(b.v, b.wet_v_over_p_s); }},
+     [](const B& b) -> Num { return property_table::speed_of_sound(b.v, b.wet_v_over_p_s); }},
     {Property::kinematic_viscosity, "kinematic viscosity", "nu", "m²/s", in_one_phase,
-     property_table::viscosity, [](const B& b) { return b.viscosity * b.v; }},
+     property_table::viscosity, [](const B& b) -> Num { return b.viscosity * b.v; }},
     {Property::thermal_diffusivity, "thermal diffusivity", "a", "m²/s", in_one_phase,
      property_table::diffusivity,
-     [](const B& b) { return b.conductivity * b.v / (b.cp * property_table::joule); }},
+     [](const B& b) -> Num { return b.conductivity * b.v / (b.cp * property_table::joule); }},
     {Property::gibbs_energy, "Gibbs energy", "g", "kJ/kg", always, property_table::h_and_s,
-     [](const B& b) { return b.h - kelvin(b.t) * b.s; }},
+     [](const B& b) -> Num { return b.h - kelvin(b.t) * b.s; }},
     {Property::helmholtz_energy, "Helmholtz energy", "f", "kJ/kg", always, property_table::u_and_s,
-     [](const B& b) { return b.u - kelvin(b.t) * b.s; }},
-    {Property::superheat, "superheat", "dt", "K", in_one_phase, {}, property_table::superheat},
+     [](const B& b) -> Num { return b.u - kelvin(b.t) * b.s; }},
+    {Property::superheat,
+     "superheat",
+     "dt",
+     "K",
+     in_one_phase,
+     {},
+     [](const B& b) -> Num { return numbers::each_lane(b.p, b.t, property_table::superheat); }},
     {Property::several,
      "several states",
      "several",
      "",
      in_answers,
      {.several = true},
-     [](const B& b) { return static_cast<double>(b.several); }},
+     [](const B& b) -> Num { return static_cast<double>(b.several); }},
     {Property::approximate,
      "approximate state",
      "approximate",
      "",
      in_answers,
      {},
-     [](const B& b) { return static_cast<double>(b.approximate); }},
+     [](const B& b) -> Num { return static_cast<double>(b.approximate); }},
 }};
+
+inline constexpr const std::array<PropertyRow, property_count>& property_rows =
+    property_rows_of<double>;
 
 /// Numbers of properties: those of a state, of its saturated liquid, of its saturated vapour.
 constexpr unsigned number_of(Property property) { return static_cast<unsigned>(property); }

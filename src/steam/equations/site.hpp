@@ -45,18 +45,20 @@ using Variables = VariablesOf<double>;
 /// A state by the values that its subregion's equation takes: p and t in 1 and 2, v and t (and the
 /// p that goes with them) in 3 and 4, t and x (and the saturation pressure) in 5 and 6. A wet site
 /// may hold another quantity in place of x, so that x is computed only where it is wanted.
-struct Site {
+template <class Num>
+struct SiteOf {
   Region region = Region::none;
-  double p = missing, t = missing, v = missing, x = missing;
+  Num p = missing, t = missing, v = missing, x = missing;
   bool approximate = false;
   /// In one phase: where the equation was evaluated last. From there a last step, so small that
   /// v, h and s follow it in a straight line, leads to the state.
-  Variables at{};
+  VariablesOf<Num> at{};
   /// In wet states that are known by another quantity than x: that one, in place of x.
   Quantity given = Quantity::x;
-  double value = missing;
+  Num value = missing;
   explicit operator bool() const { return region != Region::none; }
 };
+using Site = SiteOf<double>;
 
 constexpr bool is_wet(Region r) { return r == Region::wet || r == Region::wet_above_350; }
 constexpr bool is_3(Region r) { return r == Region::dense_steam || r == Region::hot_water; }
@@ -67,16 +69,19 @@ constexpr Region region_in_3(double v, double t) {
 }
 
 /// The variables of the region's equation at a state of one phase.
-inline Variables variables(const Site& site) {
+template <class Num>
+VariablesOf<Num> variables(const SiteOf<Num>& site) {
   return {is_3(site.region) ? site.v : site.p, site.t};
 }
 
 /// A state of subregion 1 or 2.
-inline Site at_pressure(Region region, double p, double t) {
+template <class Num>
+SiteOf<Num> at_pressure(Region region, Num p, Num t) {
   return {.region = region, .p = p, .t = t, .at = {p, t}};
 }
 /// A state of subregion 3.
-inline Site at_volume(Region region, double p, double v, double t) {
+template <class Num>
+SiteOf<Num> at_volume(Region region, Num p, Num v, Num t) {
   return {.region = region, .p = p, .t = t, .v = v, .at = {v, t}};
 }
 inline Site at_quality(double p, double t, double x) {

@@ -97,7 +97,7 @@ Depth<Num> depth_of_steam(Num p, Num t, Overlap overlap) {
     depth.inside |= unsaturated;
     depth.alone |= unsaturated;
   }
-  const MaskOf<Num> warm = !cool & (t < t_line_end);
+  const MaskOf<Num> warm = (!cool) & (t < t_line_end);
   if (any(warm)) {
     const Num p_line = line_pressure<SharedDivisions<Num>>(t);
     const MaskOf<Num> below = warm & (p < p_line * (1 - p_doubt));
@@ -118,7 +118,7 @@ MaskOf<Num> is_unsaturated(Num v, Num t) {
       rough_saturated_volumes(numbers::smaller(t, Num(t_doubtful)));
   const auto liquid = v < v_critical;
   return beyond | (liquid & (v < saturated.liquid * (1 - volume_doubt))) |
-         (!liquid & (v > saturated.vapour * (1 + volume_doubt)));
+         ((!liquid) & (v > saturated.vapour * (1 + volume_doubt)));
 }
 
 /// Subregion 3 is densest at 1000 bar and 350 °C, 0.00131472 m³/kg: its equation has the pressures
@@ -188,21 +188,25 @@ Sure of(const Site& site, Overlap overlap) {
 }
 
 /// Qualities that no state of one phase can look like, whatever the equations miss each other by.
-inline bool is_amid(double x) {
+template <class Num>
+MaskOf<Num> is_amid(Num x) {
   constexpr double beside = 0.03;
-  return x > beside && x < 1 - beside;
+  return (x > beside) & (x < 1 - beside);
 }
 
 /// Inside the wet states, whatever is beyond 350 °C.
 /// @param x  the quality, as good as the table
-inline bool is_wet_inside(double t, double x, Overlap overlap) {
+template <class Num>
+MaskOf<Num> is_wet_inside(Num t, Num x, Overlap overlap) {
   // Where the saturation line misses Clapeyron's equation by more than a pressure of water tells.
   constexpr double t_cold = 40;
   // So close to the critical point the two phases are told apart amid them only.
   constexpr double t_merging = t_critical - 0.02;
-  const double least = t < t_cold ? overlap.quality + quality_doubt : quality_doubt;
-  const bool inside = x > least && x < 1 - quality_doubt;
-  return t > t_lowest + t_doubt && (t < t_doubtful ? inside : t < t_merging && is_amid(x));
+  const Num least =
+      numbers::select(t < t_cold, Num(overlap.quality + quality_doubt), Num(quality_doubt));
+  const MaskOf<Num> inside = (x > least) & (x < 1 - quality_doubt);
+  const MaskOf<Num> clear = t < t_doubtful;
+  return (t > t_lowest + t_doubt) & ((clear & inside) | ((!clear) & (t < t_merging) & is_amid(x)));
 }
 
 /// A wet state of two values that are neither pressure nor temperature.
@@ -220,11 +224,13 @@ inline Sure of_wet(double t, double x, Overlap overlap) {
   return past_350 < -t_doubt ? only_first : unsure;
 }
 
-/// One of a pressure or a temperature: its line does not cross 350 °C amid wet states.
-inline Sure of_wet_on_line(double t, double x, Overlap overlap) {
-  const bool beside_350 =
-      std::abs(t - t_350) < t_doubt || (t > t_350 && t < t_350 + overlap.kelvins);
-  return is_wet_inside(t, x, overlap) && (!beside_350 || is_amid(x)) ? all_sure : unsure;
+/// Whether one of a pressure or a temperature surely is: its line does not cross 350 °C amid wet
+/// states.
+template <class Num>
+MaskOf<Num> is_wet_on_line(Num t, Num x, Overlap overlap) {
+  const MaskOf<Num> beside_350 =
+      (numbers::abs(t - t_350) < t_doubt) | ((t > t_350) & (t < t_350 + overlap.kelvins));
+  return is_wet_inside(t, x, overlap) & ((!beside_350) | is_amid(x));
 }
 
 /// Whether a neighbour has a state of a pair.

@@ -14,9 +14,9 @@ template <Pair P, Parts parts>
 Quick in_patch(const Patch& patch, Variables start, double a, double b, Basis& basis) {
   switch (patch.region) {
     case Region::water:
-      return in_one_phase<P, Water, parts>(Region::water, a, b, start, basis);
+      return one_phase_search<P, Water, parts>(Region::water, a, b, start, basis);
     case Region::steam:
-      return in_one_phase<P, Steam, parts>(Region::steam, a, b, start, basis);
+      return one_phase_search<P, Steam, parts>(Region::steam, a, b, start, basis);
     case Region::wet:
     case Region::wet_above_350:
       if constexpr (is_line(P)) {
@@ -25,14 +25,15 @@ Quick in_patch(const Patch& patch, Variables start, double a, double b, Basis& b
         return wet_in_plane<P>(patch.region, a, b, start.t);
       }
     default:
-      return in_one_phase<P, Dense, parts>(patch.region, a, b, start, basis);
+      return one_phase_search<P, Dense, parts>(patch.region, a, b, start, basis);
   }
 }
 
 /// One subregion that reaches into the cell, if the start looks right or there is no other.
 template <Pair P, Parts parts>
 Quick in_patch_of(const Place& here, const Patch& patch, double a, double b, Basis& basis) {
-  const Variables start = start_in<P>(here, patch);
+  const Variables start = start_in<P, double>(
+      patch.region, [&](std::size_t polynomial) { return here(patch, polynomial); });
   const bool alone = here.patches.size() == 1;
   if (!alone && !is_wet(patch.region) && !is_plausible<P>(patch.region, start, a, b)) {
     return {};
@@ -40,23 +41,16 @@ Quick in_patch_of(const Place& here, const Patch& patch, double a, double b, Bas
   return in_patch<P, parts>(patch, start, a, b, basis);
 }
 
-/// Tries the subregions that reach into the cell. For two caloric values the wet ones come first:
-/// their table tells at once, while one phase beside them looks much like them.
+/// Tries the subregions that reach into the cell.
 template <Pair P, Parts parts>
 Quick in_cell(double a, double b, Basis& basis) {
   const Place here = place(charts[static_cast<std::size_t>(P)], a, b);
-  constexpr bool begins_with_wet = P == Pair::hs || P == Pair::us;
   int evaluations = 0;
-  for (const bool first_turn : {true, false}) {
-    for (const Patch& patch : here.patches) {
-      if (first_turn != (!begins_with_wet || is_wet(patch.region))) {
-        continue;
-      }
-      Quick quick = in_patch_of<P, parts>(here, patch, a, b, basis);
-      evaluations = quick.evaluations += evaluations;
-      if (quick.is_first) {
-        return quick;
-      }
+  for (std::size_t number = 0; number < here.patches.size(); ++number) {
+    Quick quick = in_patch_of<P, parts>(here, in_turn<P>(here.patches, number), a, b, basis);
+    evaluations = quick.evaluations += evaluations;
+    if (quick.is_first) {
+      return quick;
     }
   }
   Quick none;
@@ -68,7 +62,7 @@ Quick in_cell(double a, double b, Basis& basis) {
 template <Parts parts>
 Quick at_p_and_t(double p, double t, Basis& basis) {
   Quick quick;
-  if (t > t_350 && t <= t_line_end && std::abs(t - t_critical) > 2 && p >= line_pressure(t)) {
+  if (clear_region(p, t) == Region::dense_steam) {
     quick = in_cell<Pair::pt, parts>(p, t, basis);
   }
   if (!quick.is_first) {

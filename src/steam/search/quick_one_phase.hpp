@@ -80,7 +80,7 @@ ConvergedOf<Num> converged(Num a, Num b, VariablesOf<Num> start, BasisOf<Num>& b
         result.falls_with_p |= ends & (system.second.over_1 < 0);
       }
     }
-    open &= !ends & (size < hopeless);
+    open &= (!ends) & (size < hopeless);
     if (!numbers::any(open)) {
       break;
     }
@@ -138,7 +138,7 @@ void compare(Quick& quick, Region across, double a, double b, Basis& basis) {
 
 /// The state of a pair in the equation of one phase.
 template <Pair P, class Equation, Parts parts>
-Quick in_one_phase(Region region, double a, double b, Variables start, Basis& basis) {
+Quick one_phase_search(Region region, double a, double b, Variables start, Basis& basis) {
   const Converged here = converged<P, Equation, parts>(a, b, start, basis);
   Quick quick{.site = site_of<Equation>(region, here),
               .has = with_own<Equation>(parts),

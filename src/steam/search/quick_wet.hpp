@@ -9,27 +9,63 @@ namespace steam {
 
 // The quick search in wet states.
 
-/// A wet state of a pressure or a temperature, at once; its quality is left to whoever wants it.
+/// The quality of a wet state of a pressure or a temperature by the table, and whether such a state
+/// surely counts.
+template <class Num>
+struct OnWetLine {
+  Num x;
+  MaskOf<Num> is_sure, is_first;
+};
+/// @param t  saturation temperature
+template <Pair P, class Num>
+[[gnu::always_inline]] inline OnWetLine<Num> on_wet_line(Num t, Num b) {
+  const Num x = TabulatedSaturationOf<Num>(t).template ends<known_of(P).second>().quality(b);
+  const MaskOf<Num> is_sure = margins::is_wet_on_line(t, x, overlap_of(P));
+  return {x, is_sure, MaskOf<Num>(is_sure & comes_first<P>(Region::wet, t, x, MaskOf<Num>(false)))};
+}
+
+/// That state; its quality is left to whoever wants it.
+template <Pair P, class Num>
+[[gnu::always_inline]] inline SiteOf<Num> site_on_wet_line(Region region, Num p, Num t, Num b) {
+  return {.region = region, .p = p, .t = t, .given = known_of(P).second, .value = b};
+}
+
+/// Saturated states of a pressure or a temperature.
+template <class Num>
+struct SaturatedAt {
+  Num p, t;
+  MaskOf<Num> is_clear;  ///< up to 350 °C, and to the rounding; else p and t mean nothing
+};
+template <bool by_pressure, class Num>
+SaturatedAt<Num> clear_saturation(Num given) {
+  if constexpr (by_pressure) {
+    const MaskOf<Num> is_tabulated = (given >= p_lowest_clear) & (given < p_fitted);
+    const auto [t, is_exact] =
+        fitted_saturation_temperature(numbers::select(is_tabulated, given, Num(1)));
+    return {given, t, MaskOf<Num>(is_tabulated & is_exact & (t <= t_350))};
+  } else {
+    return {saturation_pressure(given), given, MaskOf<Num>(given <= t_350)};
+  }
+}
+
+/// A wet state of a pressure or a temperature, at once.
 template <Pair P>
 Quick wet_on_line(double a, double b) {
-  constexpr Quantity q = known_of(P).second;
   constexpr bool by_pressure = known_of(P).first == Quantity::p;
   Quick quick;
   if (a >= (by_pressure ? p_critical : t_critical)) {
     return quick;
   }
   const double t = by_pressure ? saturation_temperature(a) : a;
-  const double x = TabulatedSaturation(t).ends<q>().quality(b);
-  Sure sure = margins::of_wet_on_line(t, x, overlap_of(P));
-  if (!sure.first) {
+  const auto [x, is_sure, is_first] = on_wet_line<P>(t, b);
+  if (!is_sure) {
     return quick;
   }
-  sure = among_several<P>(t <= t_350 ? Region::wet : Region::wet_above_350, t, x, false, sure);
-  quick.site = at_quality(by_pressure ? saturated_pressure(a) : saturation_pressure(t), t, missing);
-  quick.site.given = q;
-  quick.site.value = b;
-  quick.is_first = sure.first;
-  quick.is_only = sure.only;
+  const Region region = t <= t_350 ? Region::wet : Region::wet_above_350;
+  const double p = by_pressure ? saturated_pressure(a) : saturation_pressure(t);
+  quick.site = site_on_wet_line<P>(region, p, t, b);
+  quick.is_first = is_first;
+  quick.is_only = among_several<P>(region, t, x, false, margins::all_sure).only;
   return quick;
 }
 

@@ -17,42 +17,43 @@ constexpr double t_past_maximum = 15;
 /// wet state.
 constexpr double x_compressed = 0.1;
 
-/// Of a pressure and a volume the warmer state counts.
-inline Sure around_maximum(Region region, double t, Sure sure) {
-  const bool doubtful = region == Region::water && t < t_maximum;
-  const bool twofold = region == Region::water && t < t_past_maximum;
-  return {sure.first && !doubtful, sure.only && !twofold, sure.across};
-}
-
-/// Of a temperature and an enthalpy the state of the lowest pressure counts: in water the one where
-/// the enthalpy falls with pressure from the saturated value.
-inline Sure under_pressure(Region region, double x, bool falls_with_p, Sure sure) {
-  const bool water = region == Region::water;
-  const bool like_water = region == Region::wet && x < x_compressed;
-  return {sure.first && (!water || falls_with_p), sure.only && !water && !like_water, sure.across};
-}
-
-/// Of a temperature and an energy or entropy the same, but only in cold water.
-inline Sure in_cold_water(Region region, double t, double x, Sure sure) {
-  const bool wet = region == Region::wet;
-  const bool cold = t < t_maximum && (wet || region == Region::water);
-  return cold ? Sure{sure.first && wet && x > x_compressed, false} : sure;
-}
-
 }  // namespace several
+
+/// Whether a state inside its subregion counts before others that may have its pair.
+/// @param falls_with_p  of two values of which the second depends on the pressure alone: how
+template <Pair P, class Num>
+MaskOf<Num> comes_first(Region region, Num t, Num x, MaskOf<Num> falls_with_p) {
+  const bool water = region == Region::water;
+  if constexpr (P == Pair::pv) {  // the warmer state
+    return !(MaskOf<Num>(water) & (t < several::t_maximum));
+  } else if constexpr (P == Pair::th) {
+    // That of the lowest pressure: in water the one where the enthalpy falls with pressure from the
+    // saturated value.
+    return water ? falls_with_p : MaskOf<Num>(true);
+  } else if constexpr (P == Pair::tu || P == Pair::ts) {  // the same, but only in cold water
+    const bool wet = region == Region::wet;
+    const MaskOf<Num> cold = MaskOf<Num>(water || wet) & (t < several::t_maximum);
+    return (!cold) | (MaskOf<Num>(wet) & (x > several::x_compressed));
+  } else {
+    return true;
+  }
+}
 
 /// What is sure of a state inside its subregion where its pair may belong to several.
 template <Pair P>
 Sure among_several(Region region, double t, double x, bool falls_with_p, Sure sure) {
+  sure.first = sure.first && comes_first<P>(region, t, x, falls_with_p);
+  const bool water = region == Region::water, wet = region == Region::wet;
   if constexpr (P == Pair::pv) {
-    return several::around_maximum(region, t, sure);
+    sure.only = sure.only && !(water && t < several::t_past_maximum);
   } else if constexpr (P == Pair::th) {
-    return several::under_pressure(region, x, falls_with_p, sure);
+    sure.only = sure.only && !water && !(wet && x < several::x_compressed);
   } else if constexpr (P == Pair::tu || P == Pair::ts) {
-    return several::in_cold_water(region, t, x, sure);
-  } else {
-    return sure;
+    if (t < several::t_maximum && (wet || water)) {
+      return {sure.first, false};
+    }
   }
+  return sure;
 }
 
 }  // namespace steam

@@ -10,11 +10,14 @@ namespace steam {
 
 namespace starts {
 
-constexpr double fourth_power(double x) { return (x * x) * (x * x); }
+template <class Num>
+constexpr Num fourth_power(Num x) {
+  return (x * x) * (x * x);
+}
 
 /// Variable z of a region's equation, p or v, from what a polynomial gives.
-template <Pair P>
-double from_polynomial(Region region, double value) {
+template <Pair P, class Num>
+Num from_polynomial(Region region, Num value) {
   if (is_3(region)) {
     return 1 / value;
   }
@@ -25,41 +28,85 @@ double from_polynomial(Region region, double value) {
 
 }  // namespace starts
 
-/// What the polynomials of a patch say.
+/// The region of a pressure and a temperature that no search is needed to tell: water, steam, or in
+/// subregion 3 dense steam for one of its regions, whose volume the chart starts; else none.
+inline Region clear_region(double p, double t) {
+  if (t > t_line_end) {
+    return Region::steam;
+  }
+  if (t > t_350) {
+    constexpr double beside_critical = 2;  // K
+    return p < line_pressure(t)                         ? Region::steam
+           : std::abs(t - t_critical) > beside_critical ? Region::dense_steam
+                                                        : Region::none;
+  }
+  const double about = tabulated_saturation_pressure(t);
+  return p > about * (1 + table_doubt)   ? Region::water
+         : p < about * (1 - table_doubt) ? Region::steam
+                                         : Region::none;
+}
+
+/// The subregions that reach into a cell in the order in which they are tried. For two caloric
+/// values the wet ones come first: their table tells at once, while one phase beside them looks
+/// much like them.
+/// @param number  below the number of patches
 template <Pair P>
-Variables start_in(const Place& here, const Patch& patch) {
-  const int count = unknowns(P, patch.region);
+Patch in_turn(const Patches& patches, std::size_t number) {
+  if constexpr (P == Pair::hs || P == Pair::us) {
+    for (const bool wet : {true, false}) {
+      for (const Patch& patch : patches) {
+        if (is_wet(patch.region) == wet && number-- == 0) {
+          return patch;
+        }
+      }
+    }
+  }
+  return patches[number];
+}
+
+/// What the polynomials of a region in a cell say.
+/// @param here  gives the value of polynomial 0 and 1
+template <Pair P, class Num, class Here>
+[[gnu::always_inline]] inline VariablesOf<Num> start_in(Region region, const Here& here) {
+  const int count = unknowns(P, region);
   if (count == 0) {
     return {};
   }
-  const double first = here(patch, 0);
+  const Num first = here(0);
   if (count == 2) {
-    return {starts::from_polynomial<P>(patch.region, first), here(patch, 1)};
+    return {starts::from_polynomial<P>(region, first), here(1)};
   }
-  if (is_wet(patch.region) || !is_line(P) || known_of(P).first == Quantity::p) {
+  if (is_wet(region) || !is_line(P) || known_of(P).first == Quantity::p) {
     return {0, first};
   }
-  return {starts::from_polynomial<P>(patch.region, first), 0};
+  return {starts::from_polynomial<P>(region, first), 0};
 }
 
 /// Whether a start looks as if it were in its subregion, as far as the tables know.
-template <Pair P>
-bool is_plausible(Region region, Variables start, double a, double b) {
+template <Pair P, class Num>
+MaskOf<Num> is_plausible(Region region, VariablesOf<Num> start, Num a, Num b) {
   constexpr Known k = known_of(P);
-  const double t = k.first == Quantity::t ? a : start.t;
+  const Num t = k.first == Quantity::t ? a : start.t;
   if (is_3(region)) {
-    const double v = k.second == Quantity::v ? b : k.first == Quantity::v ? a : start.z;
-    if (t < t_350 || t > t_line_end) {
-      return false;
+    const Num v = k.second == Quantity::v ? b : k.first == Quantity::v ? a : start.z;
+    const MaskOf<Num> warm = (t >= t_350) & (t <= t_line_end);
+    if (!numbers::any(warm)) {
+      return warm;
     }
-    const SaturatedVolumes saturated = rough_saturated_volumes(t);
-    return t >= t_critical || v < saturated.liquid || v > saturated.vapour;
+    const SaturatedVolumesOf<Num> saturated = rough_saturated_volumes(t);
+    return warm & ((t >= t_critical) | (v < saturated.liquid) | (v > saturated.vapour));
   }
-  const double p = k.first == Quantity::p ? a : start.z;
-  if (t > t_350) {
-    return region == Region::steam && (t > t_line_end || p <= line_pressure(t));
+  const Num p = k.first == Quantity::p ? a : start.z;
+  const MaskOf<Num> hot = t > t_350;
+  MaskOf<Num> plausible = false;
+  if (region == Region::steam && numbers::any(hot)) {
+    plausible = hot & ((t > t_line_end) | (p <= line_pressure<SharedDivisions<Num>>(t)));
   }
-  return (p >= tabulated_saturation_pressure(t)) == (region == Region::water);
+  if (!numbers::all(hot)) {
+    const MaskOf<Num> dense = p >= tabulated_saturation_pressure(t);
+    plausible |= (!hot) & (region == Region::water ? dense : MaskOf<Num>(!dense));
+  }
+  return plausible;
 }
 
 }  // namespace steam

@@ -50,13 +50,13 @@ template <class Num>
 
 /// Whether p is at or above the saturation pressure at t; the equation decides only where the table
 /// cannot.
+constexpr double table_doubt = 1e-4;
 inline bool above_saturation(double p, double t) {
   const double about = tabulated_saturation_pressure(t);
-  constexpr double doubt = 1e-4;
-  if (p > about * (1 + doubt)) {
+  if (p > about * (1 + table_doubt)) {
     return true;
   }
-  return !(p < about * (1 - doubt)) && p >= saturation_pressure(t);
+  return !(p < about * (1 - table_doubt)) && p >= saturation_pressure(t);
 }
 
 /// Saturation temperature from the table, °C.
@@ -73,9 +73,9 @@ template <class Num>
 
 /// Pressure of saturated states that are asked for by p: the range begins 2e-12 bar below the
 /// saturation pressure of its lowest temperature.
+constexpr double p_lowest_clear = p_lowest * (1 + 1e-9);
 inline double saturated_pressure(double p) {
-  constexpr double p_doubtful = p_lowest * (1 + 1e-9);
-  return p < p_doubtful ? std::max(p, saturation_pressure(t_lowest)) : p;
+  return p < p_lowest_clear ? std::max(p, saturation_pressure(t_lowest)) : p;
 }
 
 /// What the table says of it, and whether that is it to the rounding: below `p_fitted`, but not

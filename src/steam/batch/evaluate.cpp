@@ -2,9 +2,9 @@
 #include <vector>
 
 #include "steam/arguments.hpp"
-#include "steam/batch.hpp"
-#include "steam/pool.hpp"
-#include "steam/strided.hpp"
+#include "steam/batch/batch.hpp"
+#include "steam/batch/pool.hpp"
+#include "steam/batch/strided.hpp"
 
 namespace steam {
 namespace {

@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include "steam/process.hpp"
+#include "steam/batch/process.hpp"
 
 namespace steam {
 

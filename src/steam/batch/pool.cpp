@@ -1,9 +1,9 @@
-#include "steam/pool.hpp"
+#include "steam/batch/pool.hpp"
 
 #include <algorithm>
 #include <system_error>
 
-#include "steam/process.hpp"
+#include "steam/batch/process.hpp"
 
 namespace steam {
 

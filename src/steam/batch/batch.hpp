@@ -3,17 +3,9 @@
 #include <atomic>
 #include <mutex>
 
-#include "steam/answer.hpp"
+#include "steam/batch/block.hpp"
 
 namespace steam {
-
-/// The columns of a batch as the caller passes them.
-struct Rows {
-  std::size_t count;
-  vek_steam_input first, second;
-  const vek_steam_output* outputs;  ///< one a wanted property
-  const vek_steam_output* status;   ///< may be null
-};
 
 /// A batch in chunks, which threads take one after the other. No row depends on another.
 class Batch {
@@ -33,8 +25,8 @@ class Batch {
  private:
   [[nodiscard]] bool is_ended() const;
   void evaluate_rows(std::size_t begin, std::size_t end) const;
-  void write(std::size_t row, std::size_t column, double value) const;
-  void write_status(std::size_t row, Reason reason) const;
+  void evaluate_block(std::size_t begin, std::size_t end) const;
+  void evaluate_alone(const Block& block, std::size_t row) const;
   void report(std::size_t rows);
 
   Pair pair_;

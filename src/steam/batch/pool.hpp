@@ -6,7 +6,7 @@
 #include <thread>
 #include <vector>
 
-#include "steam/batch.hpp"
+#include "steam/batch/batch.hpp"
 
 namespace steam {
 

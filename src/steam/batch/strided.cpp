@@ -1,4 +1,4 @@
-#include "steam/strided.hpp"
+#include "steam/batch/strided.hpp"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,8 +1,9 @@
-#include "steam/batch.hpp"
+#include "steam/batch/batch.hpp"
 
 #include <algorithm>
 #include <cstring>
 
+#include "steam/batch/targets.hpp"
 #include "steam/host_environment.hpp"
 
 namespace steam {
@@ -11,16 +12,9 @@ namespace {
 /// The host's flag, which any of its threads may set.
 bool is_set(const int* flag) { return flag && __atomic_load_n(flag, __ATOMIC_RELAXED) != 0; }
 
-/// Where a column has a row.
-template <class Column>
-auto* place(const Column& column, std::size_t row) {
-  using Byte = std::conditional_t<std::is_same_v<Column, vek_steam_input>, const char, char>;
-  return static_cast<Byte*>(column.data) + static_cast<std::ptrdiff_t>(row) * column.stride;
-}
-
 double value_at(const vek_steam_input& column, std::size_t row) {
   double value;
-  std::memcpy(&value, place(column, row), sizeof value);
+  std::memcpy(&value, place_in(column, row), sizeof value);
   return value;
 }
 
@@ -52,31 +46,37 @@ void Batch::work() {
 void Batch::mark_rest() {
   for (std::size_t row = std::min(next_.load(), rows_.count); row < rows_.count; ++row) {
     for (std::size_t i = 0; i < wanted_.count; ++i) {
-      write(row, i, missing);
+      rows_.write(row, i, missing);
     }
-    write_status(row, Reason::not_reached);
+    rows_.write_status(row, Reason::not_reached);
   }
 }
 
 void Batch::evaluate_rows(std::size_t begin, std::size_t end) const {
   const HostEnvironment host;
+  for (; begin < end; begin += Block::most) {
+    evaluate_block(begin, std::min(begin + Block::most, end));
+  }
+}
+
+void Batch::evaluate_block(std::size_t begin, std::size_t end) const {
+  Block block{pair_, wanted_, rows_, begin, end - begin, {}, {}};
   for (std::size_t row = begin; row < end; ++row) {
-    const double first = value_at(rows_.first, row), second = value_at(rows_.second, row);
-    const Reason reason =
-        answer(pair_, first, second, wanted_,
-               [&](std::size_t column, double value) { write(row, column, value); });
-    write_status(row, reason);
+    block.first[row - begin] = value_at(rows_.first, row);
+    block.second[row - begin] = value_at(rows_.second, row);
+  }
+  RowList left;
+  answer_block(block, left);
+  for (std::size_t i = 0; i < left.count; ++i) {
+    evaluate_alone(block, left.row[i]);
   }
 }
 
-void Batch::write(std::size_t row, std::size_t column, double value) const {
-  std::memcpy(place(rows_.outputs[column], row), &value, sizeof value);
-}
-
-void Batch::write_status(std::size_t row, Reason reason) const {
-  if (rows_.status) {
-    *place(*rows_.status, row) = static_cast<char>(reason);
-  }
+void Batch::evaluate_alone(const Block& block, std::size_t row) const {
+  const Reason reason = answer(
+      pair_, block.first[row], block.second[row], wanted_,
+      [&](std::size_t column, double value) { rows_.write(block.begin + row, column, value); });
+  rows_.write_status(block.begin + row, reason);
 }
 
 void Batch::report(std::size_t rows) {

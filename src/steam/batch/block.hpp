@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <cstring>
+
+#include "steam/answer.hpp"
+
+namespace steam {
+
+/// Where a column has a row.
+template <class Column>
+auto* place_in(const Column& column, std::size_t row) {
+  using Byte = std::conditional_t<std::is_same_v<Column, vek_steam_input>, const char, char>;
+  return static_cast<Byte*>(column.data) + static_cast<std::ptrdiff_t>(row) * column.stride;
+}
+
+/// The columns of a batch as the caller passes them.
+struct Rows {
+  std::size_t count;
+  vek_steam_input first, second;
+  const vek_steam_output* outputs;  ///< one a wanted property
+  const vek_steam_output* status;   ///< may be null
+
+  void write(std::size_t row, std::size_t column, double value) const {
+    std::memcpy(place_in(outputs[column], row), &value, sizeof value);
+  }
+  void write_status(std::size_t row, Reason reason) const {
+    if (status) {
+      *place_in(*status, row) = static_cast<char>(reason);
+    }
+  }
+};
+
+/// Some rows of a batch that are answered together: their values, read before anything is written.
+struct Block {
+  static constexpr std::size_t most = 512;
+  Pair pair;
+  const Wanted& wanted;
+  const Rows& rows;
+  std::size_t begin, count;
+  std::array<double, most> first, second;
+};
+
+/// Rows of a block by their number in it.
+struct RowList {
+  std::array<std::uint16_t, Block::most> row;
+  std::size_t count = 0;
+  void add(std::size_t number) { row[count++] = static_cast<std::uint16_t>(number); }
+};
+
+/// Answers the rows of a block that are clear of all boundaries, several at once.
+/// @param left  receives those that are not
+using AnswerBlock = void (*)(const Block&, RowList& left);
+
+}  // namespace steam

@@ -1,0 +1,56 @@
+#include "steam/batch/targets.hpp"
+
+#include <algorithm>
+#include <atomic>
+
+namespace steam {
+namespace {
+
+/// Null for one row at a time.
+const Answers* answers_in(int lanes) {
+#if defined(__x86_64__)
+  if (lanes >= 8) {
+    return &answers_in_8_lanes();
+  }
+  if (lanes >= 4) {
+    return &answers_in_4_lanes();
+  }
+#endif
+  return lanes >= 2 ? &answers_in_2_lanes() : nullptr;
+}
+
+std::atomic<const Answers*>& chosen() {
+  static std::atomic<const Answers*> answers{answers_in(most_lanes())};
+  return answers;
+}
+
+/// Whether the lanes have all that is wanted.
+bool is_plain(const Wanted& wanted) {
+  const Needs& needs = wanted.needs;
+  return !needs.several && !needs.saturation && !wanted.of_liquid.any && !wanted.of_vapour.any;
+}
+
+}  // namespace
+
+int most_lanes() {
+#if defined(__x86_64__)
+  return __builtin_cpu_supports("avx512f") ? 8 : __builtin_cpu_supports("avx2") ? 4 : 2;
+#else
+  return 2;
+#endif
+}
+
+void use_lanes(int lanes) { chosen() = answers_in(std::min(lanes, most_lanes())); }
+
+void answer_block(const Block& block, RowList& left) {
+  const Answers* answers = chosen();
+  if (answers && is_plain(block.wanted)) {
+    (*answers)[static_cast<std::size_t>(block.pair)](block, left);
+    return;
+  }
+  for (std::size_t row = 0; row < block.count; ++row) {
+    left.add(row);
+  }
+}
+
+}  // namespace steam
