@@ -226,22 +226,17 @@ class InCells : Answering<P, Num> {
       const auto site = at_pressure(region, group.of(block_.first), group.of(block_.second));
       this->template write_one_phase<Equation>(group, group.lanes, site, nothing, basis);
     } else {
-      const Parts& wanted = block_.wanted.needs.parts;
-      if (wanted.within(nothing)) {
-        one_phase_with<Equation, nothing>(region, group);
-      } else {
-        one_phase_with<Equation, first_order>(region, group);
-      }
+      search<Equation>(region, group);
     }
   }
 
-  template <class Equation, Parts parts>
-  void one_phase_with(Region region, const Group<Num>& group) {
+  template <class Equation>
+  void search(Region region, const Group<Num>& group) {
     const Num a = group.of(block_.first), b = group.of(block_.second);
     const VariablesOf<Num> first = start(region, group);
     const MaskOf<Num> believed = is_believed(region, group, first, a, b);
     BasisOf<Num> basis;
-    const auto end = converged<P, Equation, parts>(a, b, first, basis);
+    const auto end = converged<P, Equation, nothing>(a, b, first, basis);
     const auto depth =
         margins::depth_of<Equation>(region, end.p, end.end.z, end.end.t, overlap_of(P));
     const MaskOf<Num> here = believed & end.ended & depth.inside;
@@ -252,7 +247,7 @@ class InCells : Answering<P, Num> {
       SiteOf<Num> site = Equation::by_pressure ? at_pressure(region, end.end.z, end.end.t)
                                                : at_volume(region, end.p, end.end.z, end.end.t);
       site.at = end.at;
-      this->template write_one_phase<Equation>(group, found, site, with_own<Equation>(parts),
+      this->template write_one_phase<Equation>(group, found, site, with_own<Equation>(nothing),
                                                basis);
     }
   }

@@ -154,7 +154,7 @@ struct Place {
 };
 
 /// No patches outside the chart and in cells without states.
-inline Place place(const Chart& chart, double first, double second) {
+[[gnu::always_inline]] inline Place place(const Chart& chart, double first, double second) {
   const auto& [axis_x, axis_y] = chart.axes;
   const Coordinate x = axis_x(first);
   const Coordinate y = axis_y(second);
