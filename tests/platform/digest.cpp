@@ -86,29 +86,30 @@ class Inputs {
       case 1:
         return {anywhere(letter(0)), anywhere(letter(1))};
       case 2:
-        return beside(of(Pair::pt, one_of(corners_p), one_of(corners_t)));
+        return beside(of(Pair::pt, {one_of(corners_p), one_of(corners_t)}));
       case 3:
-        return beside(of(Pair::tx, one_of(corners_t), random_() % 2 == 0 ? 0 : 1));
+        return beside(of(Pair::tx, {one_of(corners_t), random_() % 2 == 0 ? 0.0 : 1.0}));
       case 4:
-        return of(Pair::pt, between(160, 320), between(345, 460));
+        return of(Pair::pt, {between(160, 320), between(345, 460)});
       case 5:
       case 6:
       case 7:
-        return of(Pair::tx, between(0.01, 374.15), share());
+        return of(Pair::tx, {between(0.01, 374.15), share()});
       case 8:
-        return of(Pair::tx, between(345, 374.15), share());
+        return of(Pair::tx, {between(345, 374.15), share()});
       case 9:
       case 10:
-        return of(Pair::pt, 0.0062 + 221 * s4 * s4, between(100, 800));
+        return of(Pair::pt, {0.0062 + 221 * s4 * s4, between(100, 800)});
       default:
-        return of(Pair::pt, 0.0062 + 999 * s2, between(0.01, 800));
+        return of(Pair::pt, {0.0062 + 999 * s2, between(0.01, 800)});
     }
   }
 
   [[nodiscard]] char letter(int place) const { return steam::info(pair_).letters[place]; }
 
   /// The values of the pair that a state of another has; hostile ones where it has none.
-  Values of(Pair known, double a, double b) {
+  Values of(Pair known, Values state) {
+    const auto [a, b] = state;
     const auto value = [&](int place) {
       constexpr std::string_view letters = "ptvhsux";
       const auto property = static_cast<Property>(letters.find(letter(place)));
