@@ -1,36 +1,26 @@
 #include "unit_costs.hpp"
 
-#include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <vector>
 
+#include "least_time.hpp"
 #include "steam/equations/slopes.hpp"
 
 namespace {
-
-double nanoseconds() {
-  return std::chrono::duration<double, std::nano>(
-             std::chrono::steady_clock::now().time_since_epoch())
-      .count();
-}
 
 volatile double sink;
 
 /// Least time of one call over a table of arguments, of many passes.
 template <class F>
 double cost(const std::vector<double>& arguments, F f) {
-  double best = 1e300;
-  for (int pass = 0; pass < 200; ++pass) {
-    const double start = nanoseconds();
+  const double all = least_time([&] {
     double sum = 0;
     for (const double x : arguments) {
       sum += f(x);
     }
     sink = sum;
-    best = std::min(best, nanoseconds() - start);
-  }
-  return best / static_cast<double>(arguments.size());
+  });
+  return all / static_cast<double>(arguments.size());
 }
 
 std::vector<double> between(double a, double b) {
