@@ -16,12 +16,11 @@ std::vector<steam::Pair> all_pairs();
 /// The state, or a Failure with the reason in the user's units.
 steam::State state_or_failure(const Given& given, const Units& units);
 
-/// The pair that names one state for itself: pressure and temperature, or the quality of a wet one
-/// with whichever of both was given.
-Given location(const steam::State& state, const Given& given);
+/// What is asked about: a state, or a saturated phase of a wet one.
+enum class Side { whole, liquid, vapour };
 
 /// Any properties of one of the states of a pair.
-std::vector<double> values_of(const steam::State& state, const Given& given,
+std::vector<double> values_of(const steam::State& state, Side side, const Given& given,
                               const std::vector<steam::Property>& wanted);
 
 }  // namespace command

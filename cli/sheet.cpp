@@ -55,11 +55,6 @@ std::string heads(const Sheet& sheet, std::size_t width_before, std::size_t widt
   return first + '\n' + second + '\n';
 }
 
-/// Beside several columns a line of 80 has no room for the longest names.
-std::string name_of(const Sheet::Row& row, std::size_t width) {
-  return row.name.size() > width ? row.name.substr(0, width - 1) + "…" : row.name;
-}
-
 std::string emphasised(const std::string& text, bool coloured) {
   return coloured ? fmt::format("\033[1m{}\033[0m", text) : text;
 }
@@ -75,15 +70,13 @@ std::string table(const Sheet& sheet, const SheetFormat& format) {
     names = std::max(names, row.name.size());
   }
   const bool several = columns.size() > 1;
-  names = several ? std::min<std::size_t>(names, 25) : names;
   std::string text = emphasised(sheet.title, format.coloured) + '\n';
   if (several) {
     text += heads(sheet, names + 1 + letters, columns[0].empty() ? 0 : columns[0][0].size());
   }
   for (std::size_t i = 0; i < sheet.rows.size(); ++i) {
     const Sheet::Row& row = sheet.rows[i];
-    std::string line =
-        fmt::format("{:<{}} {:<{}}", name_of(row, names), names, row.letter, letters);
+    std::string line = fmt::format("{:<{}} {:<{}}", row.name, names, row.letter, letters);
     for (const auto& column : columns) {
       line += (several ? " " : "  ") + column[i];
     }
@@ -103,6 +96,9 @@ std::string csv(const std::vector<Sheet>& sheets, const SheetFormat& format) {
   for (const Sheet& sheet : sheets) {
     columns = sheet.columns.size() > columns.size() ? sheet.columns : columns;
   }
+  // What every state has comes first, so that a script finds it in one place.
+  std::stable_partition(columns.begin(), columns.end(),
+                        [](const Sheet::Column& column) { return column.key == "value"; });
   for (const Sheet::Column& column : columns) {
     text += ',' + column.key;
   }

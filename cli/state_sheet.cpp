@@ -89,24 +89,29 @@ Sheet sheet_of(const steam::State& state, const Given& given, const std::vector<
   const bool wet = !std::isnan(state.x);
   const std::vector<Property> shown = wanted.empty() ? properties_of_any_state() : wanted;
   Sheet sheet{state.phase(), {{"", "value"}}, {}, notes_of(state, given, units)};
-  std::vector<std::vector<double>> columns{values_of(state, given, shown)};
+  std::vector<Side> sides{Side::whole};
   if (wet) {
     sheet.columns = {{"saturated\nliquid", "saturated_liquid"},
                      {"mixture", "value"},
                      {"saturated\nvapour", "saturated_vapour"}};
-    Given side = location(state, given);
-    side.second = 0;
-    columns.insert(columns.begin(), values_of(state_or_failure(side, units), side, shown));
-    side.second = 1;
-    columns.push_back(values_of(state_or_failure(side, units), side, shown));
+    sides = {Side::liquid, Side::whole, Side::vapour};
+  }
+  std::vector<std::vector<double>> columns;
+  columns.reserve(sides.size());
+  for (const Side side : sides) {
+    columns.push_back(values_of(state, side, given, shown));
   }
   for (std::size_t i = 0; i < shown.size(); ++i) {
     std::vector<double> values;
+    values.reserve(columns.size());
     for (const std::vector<double>& column : columns) {
       values.push_back(column[i]);
     }
     if (wet && !steam::info(shown[i]).in_one_phase) {
       values.front() = values.back() = steam::missing;  // only a mixture has it
+    }
+    if (wet && shown[i] == Property::superheat) {
+      values.front() = values.back() = 0;  // which subtracting leaves to rounding
     }
     const Sheet::Row row = row_of(shown[i], units, values);
     if (!wanted.empty() || has_value(row)) {
