@@ -18,15 +18,22 @@ std::string_view trimmed(std::string_view text) {
              : text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
 }
 
-[[noreturn]] void refuse(std::string_view text) {
-  std::string point(text);
-  const std::size_t comma = point.find(',');
-  if (comma != std::string::npos && point.find(',', comma + 1) == std::string::npos) {
-    point[comma] = '.';
-    throw Failure(wrong_usage,
-                  fmt::format("'{}' has a comma; write a decimal point: {}", text, point));
+/// A number with commas as it is to be written: of comma and point the last one is decimal.
+std::string with_point(std::string_view text) {
+  const std::size_t last = text.find_last_of(",.");
+  std::string number;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool is_mark = text[i] == ',' || text[i] == '.';
+    number += i == last ? "." : is_mark ? "" : std::string(1, text[i]);
   }
-  throw Failure(wrong_usage, fmt::format("'{}' is not a number", text));
+  return number;
+}
+
+[[noreturn]] void refuse(std::string_view text) {
+  const bool has_comma = text.find(',') != std::string_view::npos;
+  throw Failure(wrong_usage, has_comma ? fmt::format("'{}' has a comma; write a decimal point: {}",
+                                                     text, with_point(text))
+                                       : fmt::format("'{}' is not a number", text));
 }
 
 }  // namespace

@@ -16,6 +16,16 @@ bool is_passed_on(std::string_view record) {
   return record.front() == '#' || record.size() == line_end_of(record).size();
 }
 
+namespace {
+
+std::string with_points(std::string_view text) {
+  std::string number(text);
+  std::replace(number.begin(), number.end(), ',', '.');
+  return number;
+}
+
+}  // namespace
+
 void BatchBlock::work(std::string_view text, std::size_t line) {
   counts_ = {};
   read(text, line);
@@ -73,7 +83,7 @@ double BatchBlock::value_of(const KnownColumn& column, std::string_view field) {
     throw Failure(no_answer, fmt::format("{} is missing", name));
   }
   try {
-    return units_.read(column.property, text);
+    return units_.read(column.property, columns_.decimal == '.' ? text : with_points(text));
   } catch (const Failure& failure) {
     throw Failure(no_answer, fmt::format("{}: {}", name, failure.what()));
   }
@@ -132,6 +142,7 @@ void BatchBlock::write_values(std::size_t index) {
     if (!std::isnan(value)) {  // what a state does not have is left empty
       end = digits_ ? fmt::format_to(end, FMT_COMPILE("{:.{}g}"), value, *digits_)
                     : fmt::format_to(end, FMT_COMPILE("{}"), value);
+      std::replace(text.data(), end, '.', columns_.decimal);
     }
     output_.append(text.data(), end);
   }

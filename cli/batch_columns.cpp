@@ -75,7 +75,7 @@ std::size_t place_named(const KnownColumn& known, const Names& names) {
 void read_unit(const KnownColumn& known, const Names& names, Units& units) {
   const Named column = parts_of(names[known.place]);
   const std::string unit(column.unit);
-  if (!unit.empty() && is_convertible(unit, steam::info(known.property).unit)) {
+  if (!unit.empty() && Units::has(known.property, unit)) {
     units.assign(known.property, unit);
   } else if (column.in_brackets) {
     throw Failure(wrong_usage, fmt::format("column {}: '{}' is no unit of {}", names[known.place],

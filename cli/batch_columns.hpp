@@ -24,6 +24,7 @@ struct BatchColumns {
   std::vector<steam::Property> wanted{};
   std::vector<Unit> wanted_units{};
   std::size_t count = 0;  ///< fields of each row
+  char decimal = '.';     ///< in numbers
   bool has_header = false;
 };
 

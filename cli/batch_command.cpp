@@ -17,7 +17,7 @@ namespace {
 
 /// What was typed, before it is understood.
 struct Typed {
-  std::string pair, first, second, list, delimiter = "comma";
+  std::string pair, first, second, list, delimiter = "comma", decimal = "point";
   BatchOptions options{};
 };
 
@@ -61,6 +61,10 @@ int answer(Typed& typed) {
   options.columns.csv.delimiter = typed.delimiter == "tab"         ? '\t'
                                   : typed.delimiter == "semicolon" ? ';'
                                                                    : ',';
+  options.columns.decimal = typed.decimal == "comma" ? ',' : '.';
+  if (options.columns.decimal == options.columns.csv.delimiter) {
+    throw Failure(wrong_usage, "--decimal comma needs another --delimiter, such as semicolon");
+  }
   set_pair(typed, options.columns);
   options.columns.wanted = wanted_by(typed, options.columns);
   const BatchCounts counts = run_batch(options);
@@ -83,6 +87,10 @@ void add_columns(CLI::App& sub, Typed& typed) {
       ->group(group);
   sub.add_option("--delimiter", typed.delimiter, "between fields")
       ->check(CLI::IsMember({"comma", "semicolon", "tab"}))
+      ->capture_default_str()
+      ->group(group);
+  sub.add_option("--decimal", typed.decimal, "in numbers, read and written")
+      ->check(CLI::IsMember({"point", "comma"}))
       ->capture_default_str()
       ->group(group);
 }

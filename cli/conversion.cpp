@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
+#include <cstring>
 #include <memory>
 #include <mutex>
 #include <set>
@@ -26,8 +28,7 @@ using Converter = std::unique_ptr<cv_converter, Free>;
 struct Name {
   const char *name, *meaning;
 };
-constexpr std::array more_names{Name{"psia", "psi"}, Name{"bara", "bar"}, Name{"cP", "mPa s"},
-                                Name{"dyn", "1e-5 N"}};
+constexpr std::array more_names{Name{"cP", "mPa s"}, Name{"dyn", "1e-5 N"}, Name{"lbm", "lb"}};
 
 ut_system* read_database() {
   ut_set_error_message_handler(ut_ignore);
@@ -73,10 +74,27 @@ Unit unit_of(const std::string& text) {
   return unit;
 }
 
+bool is_letter(char c) { return std::isalpha(static_cast<unsigned char>(c)) || c < 0; }
+
 /// Degrees as people write them: the letters by themselves are coulomb, farad and röntgen.
+std::string with_degrees(const std::string& unit) {
+  std::string out;
+  for (std::size_t i = 0; i < unit.size(); ++i) {
+    const bool by_itself =
+        (i == 0 || !is_letter(unit[i - 1])) && (i + 1 == unit.size() || !is_letter(unit[i + 1]));
+    out += by_itself && std::strchr("CFR", unit[i]) ? "°" : "";
+    out += unit[i];
+  }
+  return out;
+}
+
+/// What is written where another unit is wanted, as the library knows it.
 std::string spelled(const std::string& unit, const std::string& wanted) {
-  const bool is_letter = unit == "C" || unit == "F" || unit == "R";
-  return is_letter && (wanted == "°C" || wanted == "K") ? "°" + unit : unit;
+  if (wanted == "bar" && (unit == "kg/cm2" || unit == "kg/cm²")) {
+    return "kgf/cm2";
+  }
+  const bool of_temperature = wanted == "°C" || wanted.find('K') != std::string::npos;
+  return of_temperature ? with_degrees(unit) : unit;
 }
 
 Converter converter(const std::string& from, const std::string& to) {

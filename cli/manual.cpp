@@ -14,7 +14,8 @@ namespace {
 constexpr const char* unit_text =
     "Values are in the units of the list above, or carry another: 145psi, 212F,\n"
     "1400Btu/lb. --units and --unit set those of all values. Units are spelled as\n"
-    "UDUNITS-2 knows them.\n";
+    "UDUNITS-2 knows them. Pressures may count from the ambient one: 130psig, 6barg;\n"
+    "--ambient says what that is.\n";
 
 constexpr const char* status_text =
     "  0  success\n"

@@ -1,6 +1,7 @@
 #include "state_command.hpp"
 
 #include <fmt/core.h>
+#include <fmt/ranges.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -19,8 +20,8 @@ namespace {
 /// What `vek PAIR A B [LIST]` was asked.
 struct StateOptions {
   steam::Pair pair{};
-  std::string first, second;  ///< in the pair's order
-  std::string list;           ///< empty: everything
+  std::string first, second;      ///< in the pair's order
+  std::vector<std::string> list;  ///< empty: everything
   UnitOptions units{};
   SheetFormat format{};
   bool all = false, classic = false, compare = false;
@@ -62,7 +63,8 @@ std::vector<Sheet> sheets_of(const StateOptions& options, const Given& given,
 
 int show(StateOptions options) {
   const Units units(options.units);
-  const std::vector<steam::Property> wanted = parse_list(options.list);
+  const std::vector<steam::Property> wanted =
+      parse_list(fmt::format("{}", fmt::join(options.list, ",")));
   const Given given = given_of(options, units);
   options.format.coloured = is_coloured(STDOUT_FILENO);
   if (options.classic || options.compare) {

@@ -13,7 +13,8 @@ void add_unit_options(CLI::App& app, UnitOptions& options) {
       ->type_name("P=UNIT,...")
       ->allow_extra_args(false)
       ->group(group);
-  app.add_flag("--gauge", options.gauge, "pressures are above the ambient one")->group(group);
+  app.add_flag("--gauge", options.gauge, "pressures are above ambient, unless in bara or psia")
+      ->group(group);
   app.add_option("--ambient", options.ambient, "ambient pressure")
       ->type_name("P")
       ->capture_default_str()

@@ -50,6 +50,37 @@ bool is_pressure(steam::Property property) {
   return std::string_view(steam::info(property).unit) == "bar";
 }
 
+/// What a pressure counts from.
+enum class Zero { as_chosen, vacuum, ambient };
+
+/// A unit of pressure and its ending: "psig", "bara", "kPa (g)".
+struct PressureUnit {
+  std::string unit;
+  Zero zero;
+};
+
+struct Ending {
+  std::string_view text;
+  Zero zero;
+};
+constexpr std::array endings{Ending{"(g)", Zero::ambient},   Ending{"g", Zero::ambient},
+                             Ending{"gauge", Zero::ambient}, Ending{"(a)", Zero::vacuum},
+                             Ending{"a", Zero::vacuum},      Ending{"abs", Zero::vacuum}};
+
+PressureUnit pressure_unit(const std::string& name) {
+  const std::string_view view = name;
+  for (const auto& [text, zero] : endings) {
+    if (view.size() > text.size() && view.substr(view.size() - text.size()) == text) {
+      const std::size_t end = view.find_last_not_of(' ', view.size() - text.size() - 1);
+      const std::string unit(view.substr(0, end + 1));
+      if (is_convertible(unit, "bar") && !is_convertible(name, "bar")) {
+        return {unit, zero};
+      }
+    }
+  }
+  return {name, Zero::as_chosen};
+}
+
 steam::Property property_or_failure(const std::string& name, const std::string& assignment) {
   const auto property = property_named(name);
   if (!property) {
@@ -63,10 +94,8 @@ steam::Property property_or_failure(const std::string& name, const std::string& 
 std::vector<std::string> unit_sets() { return {"bar", "SI", "US"}; }
 
 Units::Units(const UnitOptions& options) : set_(options.set), gauge_(options.gauge) {
-  if (gauge_) {
-    const Amount ambient = parse_amount(options.ambient);
-    ambient_ = conversion(ambient.unit.empty() ? "bar" : ambient.unit, "bar")(ambient.number);
-  }
+  const Amount ambient = parse_amount(options.ambient);
+  ambient_ = conversion(ambient.unit.empty() ? "bar" : ambient.unit, "bar")(ambient.number);
   for (const std::string& assignment : options.single) {
     const std::size_t sign = assignment.find('=');
     if (sign == std::string::npos) {
@@ -87,9 +116,15 @@ std::string Units::unit_name(steam::Property property) const {
 }
 
 Unit Units::named(steam::Property property, const std::string& name) const {
-  Unit unit{name, conversion(name, steam::info(property).unit)};
-  if (gauge_ && is_pressure(property)) {
+  const char* const base = steam::info(property).unit;
+  const auto [plain, zero] = is_pressure(property) && name != base
+                                 ? pressure_unit(name)
+                                 : PressureUnit{name, Zero::as_chosen};
+  Unit unit{name, conversion(plain, base)};
+  if (is_pressure(property) && zero == Zero::as_chosen && gauge_) {
     unit.name += " gauge";
+  }
+  if (zero == Zero::ambient || (is_pressure(property) && zero == Zero::as_chosen && gauge_)) {
     unit.to_base.offset += ambient_;
   }
   unit.from_base = unit.to_base.inverse();
@@ -97,6 +132,11 @@ Unit Units::named(steam::Property property, const std::string& name) const {
 }
 
 Unit Units::of(steam::Property property) const { return named(property, unit_name(property)); }
+
+bool Units::has(steam::Property property, const std::string& unit) {
+  return is_convertible(is_pressure(property) ? pressure_unit(unit).unit : unit,
+                        steam::info(property).unit);
+}
 
 void Units::assign(steam::Property property, const std::string& unit) {
   single_.insert(single_.begin(), {property, unit});

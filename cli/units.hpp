@@ -30,10 +30,14 @@ class Units {
   explicit Units(const UnitOptions& options = {});
   [[nodiscard]] Unit of(steam::Property property) const;
 
+  /// Whether the property may be given in it.
+  static bool has(steam::Property property, const std::string& unit);
+
   /// From now on the unit of the property.
   void assign(steam::Property property, const std::string& unit);
 
-  /// @param text  a number, with a unit or in that of the property: "145psi"
+  /// @param text  a number, with a unit or in that of the property: "145psi"; a pressure's may say
+  ///              what it counts from: "130psig", "80mbara", "6 kg/cm2(g)"
   /// @return      in the property's base unit
   /// @outside     throws Failure
   [[nodiscard]] double read(steam::Property property, std::string_view text) const;

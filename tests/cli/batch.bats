@@ -33,6 +33,8 @@ abc,100,4,,enthalpy: '\''abc'\'' is not a number
   [ "$(printf 'h;p\n3000;100\n' | "$VEK" batch ph --list t --delimiter semicolon --digits 6 2>&- | tail -1)" = "$wanted" ]
   [ "$(printf '3000;100\n' | "$VEK" batch hp --list t --delimiter semicolon --digits 6 2>&-)" = "$wanted" ]
   [ "$(printf 'a;b\n3000;100\n' | "$VEK" batch ph --first b --second 1 --list t --delimiter semicolon --digits 6 2>&- | tail -1)" = "$wanted" ]
+  wanted=$'h;p [barg];t [°C]\n3000,5;99;369,78'
+  [ "$(printf 'h;p [barg]\n3000,5;99\n' | "$VEK" batch ph --list t --delimiter semicolon --decimal comma --digits 6 --ambient 1bar 2>&- | cut -d';' -f1-3)" = "$wanted" ]
   expect 2 '' 'vek: no column p in the header: a, b; name it by --first or --second' batch ph <<<$'a,b\n1,2'
   expect 2 '' "vek: column p \[apples\]: 'apples' is no unit of pressure" batch ph <<<$'p [apples],h\n1,2'
 }

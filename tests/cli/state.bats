@@ -13,6 +13,7 @@ load helpers
 @test "either order, either case, every spelling of a list" {
   expect 0 "$("$VEK" pt 10 100 t,h,s | tr -s " ")" '' tp 100 10 t,h,s
   expect 0 "$("$VEK" pt 10 100 h,s,eta,lambda | tr -s " ")" '' Tp 1e2 10.0 'H.S DV,TC,'
+  expect 0 "$("$VEK" pt 10 100 h,s,v | tr -s " ")" '' pt 10 100 h s,v --units bar
 }
 
 @test "units on values and on results" {
@@ -20,6 +21,9 @@ load helpers
   expect 0 $'water\ntemperature t 212.00 °F\nenthalpy h 180.46 Btu/lb\n*eta 0.00018977 lb/(ft s)' '' pt 145psi 212F t,h,eta --units US
   expect 0 $'*\npressure p 1000000 Pa\nentropy s 1306.2 J/(kg K)' '' pt 1000000 373.15 p,s --units SI
   expect 0 $'*\npressure p 8.98675 bar gauge\ntemperature t 373.150 K' '' pt 8.98675 100C p,t --gauge --unit t=K --digits 6
+  expect 0 $'*\npressure p 9.9974 barg\n*cp 1.0064 Btu/lbm/F' '' pt 145psig 212F p,cp --ambient 1bar --unit p=barg,cp=Btu/lbm/F
+  expect 0 $'*\npressure p 6.8972 bar' '' pt '6 kg/cm2(g)' 300 p
+  expect 0 $'*\npressure p 1.0133 bar gauge' '' pt 2.02652bara 300 p --gauge
 }
 
 @test "several states: the first and how many, or all" {
@@ -56,6 +60,7 @@ print(s[\"title\"], h[\"unit\"], h[\"value\"] - (h[\"saturated_liquid\"] + h[\"s
   expect 2 '' "vek: 'pq' is neither a pair*" pq 1 1
   expect 2 '' 'vek: T is required*' pt 10
   expect 2 '' "vek: pressure: '10,5' has a comma; write a decimal point: 10.5" pt 10,5 100
+  expect 2 '' "vek: pressure: '1.000,5' has a comma; write a decimal point: 1000.5" pt 1.000,5 100
   expect 2 '' "vek: pressure: 'xx' is no unit" pt 10xx 100
   expect 2 '' "vek: pressure: 'degC' is no unit of what has bar" pt 10degC 100
   expect 2 '' "vek: 'zz' is no property*" pt 10 100 h,zz
