@@ -1,18 +1,22 @@
 #include <fmt/core.h>
 
-#include <map>
 #include <string>
 
 #include "survey.hpp"
+#include "verdicts.hpp"
 
-// Writes how well each finder of the classic module places the states of each band: as Markdown
-// for docs/accuracy.md, or with --csv as the table that the tests compare with.
+// Writes how well each finder of the classic module places the states of each band: what it means
+// for docs/accuracy.md, the tables of docs/survey.md, or the table that the tests compare with.
 
 namespace {
 
 using survey::Band;
 using survey::Finder;
 using survey::Result;
+
+enum class Page { verdicts, survey, csv };
+
+int states_on(Page page) { return page == Page::csv ? 200 : 2000; }
 
 /// Whether the figures depend on the last bits of the elementary functions, which differ between
 /// machines, so that no test can hold them: the one iteration without a limit wanders, and volumes
@@ -22,82 +26,49 @@ bool depends_on_last_bits(const Finder& finder, const Band& band, const Result& 
   return wanders || (finder.name[0] == 'v' && band.name == "water, to 10 °C");
 }
 
-/// What the numbers of a finder mean to its user.
-const std::map<std::string, const char*> remarks{
-    {"pt",
-     "Near the boundary line between subregions 2 and 3 it takes some near-critical steam for "
-     "steam: by its own digits the line lies some 0.7 bar too high. The properties there differ by "
-     "no more than the two equations do. A few states within a hair of the saturation line above "
-     "372 °C come back with the volume of the other side. On the saturation line, within the "
-     "tolerance, it answers "
-     "with a wet code and leaves the pressure where the quality belongs: `vek` then takes a "
-     "pressure of 1 bar or more for saturated steam, a lower one for the quality. Ask for "
-     "saturated states with `vekrpx_` or `vekrtx_`."},
-    {"px", ""},
-    {"tx", ""},
-    {"pv",
-     "Water below 10 °C has two temperatures for one volume around its density maximum; the "
-     "finder returns one of them. Use `vekrph_` or `vekrps_` there."},
-    {"ph", ""},
-    {"ps", ""},
-    {"pu", ""},
-    {"tv",
-     "Steam below 0.0611 bar: its lower start pressure is ten times too high, so the solver does "
-     "not enclose the root, and the pressure it returns is often wrong. Treat such steam as an "
-     "ideal gas for the pressure, p = 0.00461526 (t + 273.15) / v, and use `vekrpt_`."},
-    {"th",
-     "**Refuses every state up to 350 °C whose enthalpy is at most 1400 kJ/kg**: most compressed "
-     "water and much wet steam, with code 7 and its message. In water enthalpy hardly depends on "
-     "pressure, so what is placed in subregion 1 has a pressure of few digits. In dilute steam "
-     "too: pressures are good to 1e-3 only, and a few in water above 221 bar are not found at all. "
-     "Use "
-     "a pair with the pressure in it, or `vekrts_`."},
-    {"tu",
-     "As `vekrth_`, with the threshold 250 kJ/kg: water to 60 °C is refused. Its boundary line has "
-     "other digits: some near-critical steam counts as steam."},
-    {"ts",
-     "Water below 10 °C, where entropy hardly depends on pressure or rises with it, is partly "
-     "placed in the wet region."},
-    {"sx",
-     "**Fails on real states, mostly with code 7 after the warning VEKRSX**: below 12 °C about "
-     "half "
-     "of all, and between qualities 0.4 and 0.6 its iteration often wanders off or "
-     "stops at once, at 0.01 °C. Messages that a point is not in the wet region "
-     "come from trial temperatures and mean nothing. Check the entropy of the state returned "
-     "against the one asked for, or find the saturation temperature from `vekrtx_` with a root "
-     "finder of your own."},
-    {"hs",
-     "Places nearly everything, but where subregions meet, in water colder than 10 °C and near "
-     "800 °C, where its upper start temperature ends, a few states are wrong by far more than the "
-     "tolerance, some with a solver's warning: check the state returned."},
-    {"us",
-     "**Misplaces nearly everything but steam of high entropy, mostly without any sign**: its "
-     "residual mixes wet states by the temperature instead of the quality, so the solver sees a "
-     "function that is not the internal energy, and everything below 250 kJ/kg is refused. Even "
-     "wet "
-     "states placed in the right region come with a wrong quality. Do not use it below 6.5 "
-     "kJ/(kg K); find the state with `vekrhs_` or `vekrpu_` and a root finder of your own."},
-    {"vh",
-     "Water below 10 °C: two states share a volume, and the solver does not converge on half of "
-     "them. In warmer water at low pressure the volume hardly tells the pressure, which a few "
-     "states "
-     "lose altogether. Elsewhere flags come from trial pressures and the result is good."},
-    {"vs", "As `vekrvh_`."},
-    {"vu",
-     "As `vekrvh_`; and **no wet state above 350 °C comes out right**: its residual returns a "
-     "volume there instead of an energy. Use `vekrvh_` or `vekrvs_`."},
-    {"vx",
-     "**Volumes below 0.00317 m³/kg are mostly placed nowhere or at a wrong temperature**, "
-     "because the volume of dense wet states falls with temperature before it rises, and two "
-     "temperatures share a volume and quality. Use `vekrpx_` or `vekrtx_` with a root finder."},
-};
+constexpr const char* verdicts_begin = R"(# Accuracy
 
-constexpr const char* introduction = R"(# Accuracy of the classic module
+Generated by `script/accuracy`; [survey.md](survey.md) has its tables, for each finder and each part of
+the range.
+
+**The engine** ([engine.md](engine.md)) gives every state of the range back, of each of its 21 pairs, to
+round-off. Whatever is said below, it can be used instead.
+
+**The classic module** places a state as its definition has it. What is poor is defined so, no fault of this
+build: hosts depend on it. Its finders, with the share of states placed right in the part of the range that
+each does worst in:
+
+| finder | verdict | placed right, at worst | use instead |
+|---|---|---|---|
+)";
+
+constexpr const char* verdicts_end = R"(
+![Temperature over entropy: where six finders fail](pictures/finders.svg)
+
+Shaded is where a finder gives another state than that of its pair, or none; below the bell the states are
+wet. `script/pictures` draws it.
+
+The command shows what both say of a state and where they differ: `vek us 1000 2.6 --compare`.
+
+## The flag says little
+
+**It does not check input**: of requests out of range three in four leave it 0
+([interface.md](interface.md) shows some). Many finders begin from values
+just outside the range of the equations (0.0088 m³/kg, 0.0045 bar), so range reports are routine and leave the
+flag at 2 on good results. `vek` clears the flag once the state is placed, so its callers do not see them;
+direct callers of the finders do. After 32000 reports in one process a report no longer raises the flag at
+all: a long-running host that calls finders directly should compare the properties returned with the pair it
+gave instead of trusting the flag.
+
+## Finder by finder
+)";
+
+constexpr const char* survey_begin = R"(# Survey of the classic module
 
 Generated by `script/accuracy`. For each finder and each part of the range, {} states spread
 evenly over that part were computed forwards with the equations themselves (from pressure and
 temperature, volume and temperature, or temperature and quality), given to the finder as its pair
-with the tolerance 1e-8, and compared with what it left.
+with the tolerance 1e-8, and compared with what it left. [accuracy.md](accuracy.md) says what that means.
 
 - **placed**: share that came back with the right region code.
 - **median**, **largest**: error of the recovered pair, among those placed: relative for pressure
@@ -106,16 +77,6 @@ with the tolerance 1e-8, and compared with what it left.
 - **flag**: share with the error flag raised, by a range report or a warning.
 - **warned**: share with a solver's warning, that is without convergence.
 - **evaluations**: mean number of evaluations of the equations and of the saturation line.
-
-What is poor here is how the module is defined, not a fault of this build: hosts depend on it. The
-engine (`vek/steam.hpp`, see [engine.md](engine.md)) places all of these states.
-
-**The flag says little.** Many finders begin from values just outside the range of the equations
-(0.0088 m³/kg, 0.0045 bar), so range reports are routine and leave the flag at 2 on good results. `vek`
-clears the flag once the state is placed, so its callers do not see them; direct callers of the
-finders do. After 32000 reports in one process a report no longer raises the flag at all: a
-long-running host that calls finders directly should compare the properties returned with the pair
-it gave instead of trusting the flag.
 )";
 
 std::string error(double e) { return e == e ? fmt::format("{:.0e}", e) : "-"; }
@@ -134,23 +95,64 @@ void print_csv(const Finder& finder, const Band& band, const Result& r) {
              r.median_error, r.largest_error, r.flagged, r.unconverged, r.evaluations);
 }
 
-void print_head(const Finder& finder) {
+void print_table(const Finder& finder) {
   fmt::print("\n## vekr{}_\n\n", finder.name);
-  if (const std::string remark = remarks.at(finder.name); !remark.empty()) {
-    fmt::print("{}\n\n", remark);
-  }
   fmt::print("| states | placed | median | largest | flag | warned | evaluations |\n");
   fmt::print("|---|---|---|---|---|---|---|\n");
 }
 
-void write(const Finder& finder, int count, bool as_csv) {
-  if (!as_csv) {
-    print_head(finder);
+/// One line of the first table.
+class Worst {
+ public:
+  void see(const Band& band, const Result& result) {
+    if (result.placed_right < share_) {
+      share_ = result.placed_right;
+      band_ = band.name;
+    }
+  }
+  void print(const Finder& finder) const {
+    const Verdict& verdict = verdict_on(finder.name);
+    fmt::print("| `vekr{}_` | {} | {:.1f} %{}{} | {} |\n", finder.name, verdict.verdict,
+               100 * share_, band_.empty() ? "" : " of ", band_, verdict.instead);
+  }
+
+ private:
+  double share_ = 1;
+  std::string band_;
+};
+
+void write_finder(const Finder& finder, Page page) {
+  Worst worst;
+  if (page == Page::survey) {
+    print_table(finder);
   }
   for (const Band& band : survey::bands()) {
     if (finder.applies_to(band)) {
-      const Result result = survey::place_all(finder, band, count);
-      as_csv ? print_csv(finder, band, result) : print_row(band, result);
+      const Result result = survey::place_all(finder, band, states_on(page));
+      worst.see(band, result);
+      page == Page::survey ? print_row(band, result)
+      : page == Page::csv  ? print_csv(finder, band, result)
+                           : void();
+    }
+  }
+  if (page == Page::verdicts) {
+    worst.print(finder);
+  }
+}
+
+void write(Page page) {
+  page == Page::verdicts ? fmt::print("{}", verdicts_begin)
+  : page == Page::survey ? fmt::print(survey_begin, states_on(page))
+                         : void();
+  for (const Finder& finder : survey::finders()) {
+    write_finder(finder, page);
+  }
+  if (page == Page::verdicts) {
+    fmt::print("{}", verdicts_end);
+    for (const Finder& finder : survey::finders()) {
+      if (const char* const remark = verdict_on(finder.name).remark; *remark) {
+        fmt::print("\n### vekr{}_\n\n{}\n", finder.name, remark);
+      }
     }
   }
 }
@@ -158,16 +160,15 @@ void write(const Finder& finder, int count, bool as_csv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const bool as_csv = argc == 2 && std::string(argv[1]) == "--csv";
-  if (argc > 1 && !as_csv) {
-    fmt::print(stderr, "accuracy: the only argument is --csv\n");
+  const std::string wanted = argc == 2 ? argv[1] : "";
+  if (wanted == "--verdicts") {
+    write(Page::verdicts);
+  } else if (wanted == "--survey") {
+    write(Page::survey);
+  } else if (wanted == "--csv") {
+    write(Page::csv);
+  } else {
+    fmt::print(stderr, "accuracy: takes --verdicts, --survey or --csv\n");
     return 2;
-  }
-  const int count = as_csv ? 200 : 2000;
-  if (!as_csv) {
-    fmt::print(introduction, count);
-  }
-  for (const Finder& finder : survey::finders()) {
-    write(finder, count, as_csv);
   }
 }
