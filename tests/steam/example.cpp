@@ -17,7 +17,7 @@ int main() {  // NOLINT(bugprone-exception-escape)
   const steam::Result too_much = steam::state(Pair::pt, 2000, 500);
   std::printf("%s\n", steam::text(too_much.refusal()).c_str());
 
-  // Water has its density maximum near 4 °C: two states with one pressure and volume.
+  // Water has its density maximum near 4.7 °C: two states with one pressure and volume.
   for (const steam::State& s : steam::states(Pair::pv, 1, 0.0010001)) {
     std::printf("%.4f °C\n", s.t);
   }
