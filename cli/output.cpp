@@ -32,7 +32,9 @@ extern "C" void remove_unfinished(int signal) {
 void remember_unfinished(const std::string& path) {
   std::strncpy(unfinished, path.c_str(), sizeof unfinished - 1);
   for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
-    std::signal(signal, remove_unfinished);
+    if (std::signal(signal, remove_unfinished) == SIG_IGN) {
+      std::signal(signal, SIG_IGN);  // as nohup has it
+    }
   }
 }
 

@@ -64,11 +64,26 @@ abc,100,4,,enthalpy: '\''abc'\'' is not a number
   expect 3 '' 'vek: cannot write /dev/full: No space left on device' batch pt in.csv -o /dev/full
   run bash -c "set -o pipefail; '$VEK' batch pt in.csv | head -1"
   [ "$status" -eq 141 ]
+  expect 3 '' 'vek: cannot read /proc/self/mem: *' batch pt /proc/self/mem
+  run -3 bash -c "'$VEK' batch pt <&-"
+  [ "$output" = 'vek: cannot read standard input: Bad file descriptor' ]
+  [ "$(ls)" = in.csv ]
+}
+
+@test "an interrupted run leaves what was there, unless it is to go on" {
   echo old >out.csv
-  yes 1,100 | "$VEK" batch pt -o out.csv &
-  sleep 0.3
-  kill -TERM $!
-  wait $! || [ $? -eq 143 ]
-  [ "$(cat out.csv)" = old ]
-  [ "$(ls)" = $'in.csv\nout.csv' ]
+  for signal in INT TERM HUP; do
+    env --default-signal=INT,HUP "$VEK" batch pt -o out.csv < <(yes 1,100) &
+    until compgen -G 'out.csv.*' >found; do sleep 0.05; done
+    kill -s $signal $!
+    status=0
+    wait $! || status=$?
+    [ $status -eq $((128 + $(kill -l $signal))) ]
+    [ "$(ls)$(cat out.csv)" = $'found\nout.csvold' ]
+  done
+  nohup "$VEK" batch pt --list h --digits 5 -o out.csv < <(echo 1,100; sleep 0.5) &
+  until compgen -G 'out.csv.*' >found; do sleep 0.05; done
+  kill -HUP $!
+  wait $!
+  [ "$(cat out.csv)" = 1,100,2676.2,ok ]
 }
