@@ -48,7 +48,9 @@ constexpr const char* verdicts_end = R"(
 Shaded is where a finder gives another state than that of its pair, or none; below the bell the states are
 wet. `script/pictures` draws it.
 
-The command shows what both say of a state and where they differ: `vek us 1000 2.6 --compare`.
+The command shows what both say of a state and where they differ: `vek us 1000 2.6 --compare`. It names every
+state of the survey that the module misplaces, and reports nothing where a property differs by less than 1e-6 or
+than what the module's tolerance of 1e-8 of the given values makes of it.
 
 ## The flag says little
 

@@ -3,9 +3,9 @@
 #include <fmt/core.h>
 
 #include <algorithm>
-#include <cmath>
 
 #include "classic_answer.hpp"
+#include "differences.hpp"
 #include "failure.hpp"
 #include "output.hpp"
 #include "state_sheet.hpp"
@@ -14,24 +14,6 @@ namespace command {
 namespace {
 
 using steam::Property;
-
-/// The module stops searching at 1e-8, mostly of the given value; what it then finds is this near.
-constexpr double tolerance = 1e-6;
-
-/// The size below which a difference counts as of a value of that size: the zeros of temperature,
-/// enthalpy and entropy are conventions.
-double size_of(Property property, double value) {
-  const std::string_view unit = steam::info(property).unit;
-  const double least = unit == "°C" || unit == "kJ/kg"       ? 100
-                       : unit == "kJ/(kg K)" || unit.empty() ? 1
-                                                             : 0;
-  return std::max(std::abs(value), least);
-}
-
-/// What only one of them has, such as the quality of water, is no difference.
-bool differ(Property property, double engine, double module) {
-  return std::abs(engine - module) > tolerance * size_of(property, engine);
-}
 
 ClassicAnswer answer_or_failure(const Given& given) {
   ClassicAnswer answer = ask_classic(given);
@@ -65,12 +47,24 @@ std::vector<std::size_t> places_of(const std::vector<Property>& wanted) {
   return places;
 }
 
-/// Where the engine finds no state it has no values.
-std::vector<double> engine_values(const Given& given) {
+/// What the first line of a comparison says.
+std::string verdict(const EngineAnswer& engine, const std::vector<std::size_t>& places) {
   const std::vector<Property> all = classic_properties();
-  std::vector<double> values(all.size());
-  steam::values(given.pair, given.first, given.second, all, values);
-  return values;
+  std::string letters;
+  for (const std::size_t i : places) {
+    if (engine.differs[i]) {
+      letters += (letters.empty() ? "" : ", ") + std::string(steam::info(all[i]).letter);
+    }
+  }
+  if (!letters.empty()) {
+    return "engine and classic module differ in " + letters;
+  }
+  return engine.within_tolerance
+             ? fmt::format(
+                   "engine and classic module agree to the module's tolerance, {} of the "
+                   "given values",
+                   module_tolerance)
+             : fmt::format("engine and classic module agree to {}", same_to);
 }
 
 const char* phase_of(const ClassicAnswer& answer) {
@@ -106,25 +100,26 @@ ClassicSheet comparison(const Given& given, const std::vector<Property>& wanted,
                         const Units& units) {
   const std::vector<std::size_t> places = places_of(wanted);
   const ClassicAnswer answer = answer_or_failure(given);
-  const std::vector<double> engine = engine_values(given);
+  const EngineAnswer engine = engine_beside(given, answer.values);
   const std::vector<Property> all = classic_properties();
-  Sheet sheet{"",
+  Sheet sheet{verdict(engine, places),
               {{"engine", "value"}, {"classic\nmodule", "classic"}, {"difference", "difference"}},
               {},
               {flag_in_words(answer.flag)}};
-  std::string differing;
+  bool same = true;
   for (const std::size_t i : places) {
-    sheet.rows.push_back(compared(all[i], engine[i], answer.values[i], units));
-    if (differ(all[i], engine[i], answer.values[i])) {
-      differing += (differing.empty() ? "" : ", ") + std::string(steam::info(all[i]).letter);
-    }
+    sheet.rows.push_back(compared(all[i], engine.values[i], answer.values[i], units));
+    same = same && !engine.differs[i];
   }
-  const steam::Result result = steam::state(given.pair, given.first, given.second);
-  sheet.title = !result ? "the engine finds no state: " + text(result.refusal(), units)
-                : differing.empty()
-                    ? fmt::format("engine and classic module agree to {}", tolerance)
-                    : "engine and classic module differ in " + differing;
-  return {sheet, result && differing.empty()};
+  if (engine.number > 1) {
+    sheet.notes.push_back(fmt::format("{} states have this pair; the module's is number {}",
+                                      engine.of, engine.number));
+  }
+  if (engine.number == 0) {
+    const steam::Result result = steam::state(given.pair, given.first, given.second);
+    sheet.title = "the engine finds no state: " + text(result.refusal(), units);
+  }
+  return {sheet, same};
 }
 
 }  // namespace command

@@ -44,6 +44,8 @@ print(s[\"title\"], h[\"unit\"], h[\"value\"] - (h[\"saturated_liquid\"] + h[\"s
   expect 0 $'water (classic module)\nenthalpy h 419.74 kJ/kg\nNote: error flag 0: nothing went wrong' '' pt 10 100 h --classic
   expect 0 'supercritical fluid (classic module)*400*' '*OUT OF RANGE IN COMT3,V= 0.0088,T= 400' pt 250 400 t --classic
   expect 0 $'engine and classic module agree to 1e-06\n*' '' ph 100 3000 --compare
+  expect 1 $'engine and classic module differ in p, v, h, s*' '' tv 343.31401554870513 138.0136897546333 --compare
+  expect 0 $'*agree to the module\'s tolerance, 1e-08 of the given values*' '' ts 50.996237420948063 0.71608623873260469 --compare
   expect 1 $'engine and classic module differ in *h*' '' pt 0.5 81.34526862 --compare
   expect 1 $'the engine finds no state: *2847.4 -*' '' us 1000 2.6 p --compare
   expect 1 '' $'*\nvek: the classic module places no state; error flag 2' tx 380 0.5 --classic
@@ -73,5 +75,10 @@ print(s[\"title\"], h[\"unit\"], h[\"value\"] - (h[\"saturated_liquid\"] + h[\"s
   [ "$stderr" = 'vek: cannot write standard output: No space left on device' ]
   run -3 --separate-stderr bash -c "'$VEK' pt 10 100 >&-"
   [ "$stderr" = 'vek: cannot write standard output: Bad file descriptor' ]
-  run -3 bash -c "'$VEK' --help >/dev/full"
+  for arguments in --help 'table saturation' 'chart pv' man 'completion zsh' 'ph 100 3000 --format json'; do
+    run -3 bash -c "'$VEK' $arguments >/dev/full"
+    [ "$output" = 'vek: cannot write standard output: No space left on device' ]
+    run -3 bash -c "'$VEK' $arguments >&-"
+    [ "$output" = 'vek: cannot write standard output: Bad file descriptor' ]
+  done
 }
