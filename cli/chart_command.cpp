@@ -74,6 +74,7 @@ int show(const ChartOptions& options) {
 void define_chart(CLI::App& app, Run& run) {
   const auto options = std::make_shared<ChartOptions>();
   CLI::App& sub = *app.add_subcommand("chart", "a Mollier or other diagram as SVG, PNG or PDF");
+  sub.group("Commands");
   sub.add_option("DIAGRAM", options->diagram, "quantity upwards, then across: hs, ts, ph, pv")
       ->required()
       ->transform(CLI::IsMember(diagram_names(), CLI::ignore_case))

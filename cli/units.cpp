@@ -81,6 +81,17 @@ PressureUnit pressure_unit(const std::string& name) {
   return {name, Zero::as_chosen};
 }
 
+double ambient_pressure(const std::string& text) {
+  const Amount amount = parse_amount(text);
+  const double ambient =
+      conversion(amount.unit.empty() ? "bar" : amount.unit, "bar")(amount.number);
+  if (!(ambient >= 0 && ambient <= steam::limits().p_highest)) {
+    throw Failure(wrong_usage,
+                  fmt::format("--ambient {} is no pressure of the surroundings", text));
+  }
+  return ambient;
+}
+
 steam::Property property_or_failure(const std::string& name, const std::string& assignment) {
   const auto property = property_named(name);
   if (!property) {
@@ -94,8 +105,7 @@ steam::Property property_or_failure(const std::string& name, const std::string& 
 std::vector<std::string> unit_sets() { return {"bar", "SI", "US"}; }
 
 Units::Units(const UnitOptions& options) : set_(options.set), gauge_(options.gauge) {
-  const Amount ambient = parse_amount(options.ambient);
-  ambient_ = conversion(ambient.unit.empty() ? "bar" : ambient.unit, "bar")(ambient.number);
+  ambient_ = ambient_pressure(options.ambient);
   for (const std::string& assignment : options.single) {
     const std::size_t sign = assignment.find('=');
     if (sign == std::string::npos) {

@@ -64,6 +64,7 @@ print(s[\"title\"], h[\"unit\"], h[\"value\"] - (h[\"saturated_liquid\"] + h[\"s
   expect 2 '' "vek: pressure: '10,5' has a comma; write a decimal point: 10.5" pt 10,5 100
   expect 2 '' "vek: pressure: '1.000,5' has a comma; write a decimal point: 1000.5" pt 1.000,5 100
   expect 2 '' "vek: pressure: 'xx' is no unit" pt 10xx 100
+  expect 2 '' 'vek: --ambient -5bar is no pressure of the surroundings' pt 10 100 --ambient -5bar
   expect 2 '' "vek: pressure: 'degC' is no unit of what has bar" pt 10degC 100
   expect 2 '' "vek: 'zz' is no property*" pt 10 100 h,zz
   expect 2 '' '*--format*xml*table,csv,json*' pt 10 100 --format xml
