@@ -74,14 +74,15 @@ Unit unit_of(const std::string& text) {
   return unit;
 }
 
-bool is_letter(char c) { return std::isalpha(static_cast<unsigned char>(c)) || c < 0; }
+bool is_letter(unsigned char c) { return std::isalpha(c) || c >= 0x80; }
 
 /// Degrees as people write them: the letters by themselves are coulomb, farad and röntgen.
 std::string with_degrees(const std::string& unit) {
   std::string out;
   for (std::size_t i = 0; i < unit.size(); ++i) {
     const bool by_itself =
-        (i == 0 || !is_letter(unit[i - 1])) && (i + 1 == unit.size() || !is_letter(unit[i + 1]));
+        (i == 0 || !is_letter(static_cast<unsigned char>(unit[i - 1]))) &&
+        (i + 1 == unit.size() || !is_letter(static_cast<unsigned char>(unit[i + 1])));
     out += by_itself && std::strchr("CFR", unit[i]) ? "°" : "";
     out += unit[i];
   }

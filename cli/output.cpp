@@ -32,8 +32,10 @@ extern "C" void remove_unfinished(int signal) {
 void remember_unfinished(const std::string& path) {
   std::strncpy(unfinished, path.c_str(), sizeof unfinished - 1);
   for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
-    if (std::signal(signal, remove_unfinished) == SIG_IGN) {
-      std::signal(signal, SIG_IGN);  // as nohup has it
+    struct sigaction now {};
+    sigaction(signal, nullptr, &now);
+    if (now.sa_handler != SIG_IGN) {  // as nohup has it
+      std::signal(signal, remove_unfinished);
     }
   }
 }
