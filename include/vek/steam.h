@@ -195,6 +195,13 @@ VEK_STEAM_API int vek_steam_saturation(int given, double value, vek_steam_phase*
 VEK_STEAM_API int vek_steam_values(int pair, double first, double second, size_t count,
                                    const int* properties, double* out);
 
+/* Some properties of all states that have a pair, as vek_steam_states_of orders them. out takes
+ * count values in the order of properties for each of the first capacity states, one state after
+ * the other; it may be null when capacity is 0. states: takes the number of states */
+VEK_STEAM_API int vek_steam_values_of_states(int pair, double first, double second, size_t count,
+                                             const int* properties, double* out, size_t capacity,
+                                             size_t* states);
+
 /* One property of a state; missing when there is none, and when the pair or the property does not
  * exist. */
 VEK_STEAM_API double vek_steam_value(int pair, double first, double second, int property);

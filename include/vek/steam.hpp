@@ -601,6 +601,23 @@ inline Reason values(Pair pair, double first, double second, Span<const Property
   return static_cast<Reason>(code);
 }
 
+/// Some properties of all states that have the two properties, as `states` orders them.
+/// @return  for each state the values in the order of `wanted`; none when there is no state
+inline std::vector<std::vector<double>> values_of_states(Pair pair, double first, double second,
+                                                         Span<const Property> wanted) {
+  detail::Numbers numbers(wanted);
+  std::vector<double> out(Results::capacity * wanted.size());
+  std::size_t count = 0;
+  detail::check(vek_steam_values_of_states(static_cast<int>(pair), first, second, wanted.size(),
+                                           numbers.data(), out.data(), Results::capacity, &count));
+  std::vector<std::vector<double>> states;
+  for (std::size_t i = 0; i < count; ++i) {
+    const double* const row = out.data() + i * wanted.size();
+    states.emplace_back(row, row + wanted.size());
+  }
+  return states;
+}
+
 /// One property of a state, NaN when there is none.
 inline double value(Pair pair, double first, double second, Property wanted) {
   double out = missing;

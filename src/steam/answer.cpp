@@ -53,10 +53,21 @@ Answer::Answer(Pair pair, double first, double second, const Wanted& wanted) {
     reason_ = Reason::no_state;
     return;
   }
-  complete_for_pair(basis_, pair, first, second, found.site, needs, found.has);
+  complete_at(found.site, pair, first, second, wanted, found.has);
+}
+
+Answer::Answer(const Site& site, bool several, Pair pair, double first, double second,
+               const Wanted& wanted) {
+  basis_.several = several;
+  complete_at(site, pair, first, second, wanted, nothing);
+}
+
+inline void Answer::complete_at(const Site& site, Pair pair, double first, double second,
+                                const Wanted& wanted, const Parts& has) {
+  complete_for_pair(basis_, pair, first, second, site, wanted.needs, has);
   kind_ = kind_of(basis_);
-  if ((wanted.of_liquid.any || wanted.of_vapour.any) && is_wet(found.site.region)) {
-    add_phases(found.site, wanted);
+  if ((wanted.of_liquid.any || wanted.of_vapour.any) && is_wet(site.region)) {
+    add_phases(site, wanted);
   }
 }
 

@@ -27,6 +27,11 @@ struct Wanted {
 class Answer {
  public:
   Answer(Pair pair, double first, double second, const Wanted& wanted);
+  /// One of the states of a pair.
+  /// @param site     where it is
+  /// @param several  whether there are others
+  Answer(const Site& site, bool several, Pair pair, double first, double second,
+         const Wanted& wanted);
   /// Why there is no state.
   [[nodiscard]] Reason reason() const { return reason_; }
   /// A wanted property, missing without a state.
@@ -36,6 +41,8 @@ class Answer {
   }
 
  private:
+  void complete_at(const Site& site, Pair pair, double first, double second, const Wanted& wanted,
+                   const Parts& has);
   [[gnu::noinline]] void add_phases(const Site& site, const Wanted& wanted);
   [[nodiscard]] double of_phase(Property property) const;
 

@@ -29,6 +29,16 @@ const char* sentence(int code) {
   switch (code) {
     case VEK_STEAM_OK:
       return "there is a state";
+    case VEK_STEAM_NOT_A_NUMBER:
+      return "a given value is not a number";
+    case VEK_STEAM_PRESSURE:
+      return "the pressure is outside its range";
+    case VEK_STEAM_TEMPERATURE:
+      return "the temperature is outside its range";
+    case VEK_STEAM_QUALITY:
+      return "the quality is outside 0 to 1";
+    case VEK_STEAM_VALUE:
+      return "a volume or caloric value is beyond all states";
     case VEK_STEAM_NOT_REACHED:
       return "the evaluation was ended before this row";
     case VEK_STEAM_NO_SUCH_PAIR:

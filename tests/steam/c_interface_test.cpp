@@ -133,6 +133,14 @@ TEST(CInterface, MisuseIsACode) {
   EXPECT_EQ(vek_steam_states_of(VEK_STEAM_PT, 1, 1, &state, sizeof state, nullptr, nullptr, 0, 1,
                                 nullptr),
             VEK_STEAM_NULL);
+  const auto all_values = [&](const int* of, double* to, std::size_t* states) {
+    return vek_steam_values_of_states(VEK_STEAM_PV, 1, 0.0010001, 2, of, to, 1, states);
+  };
+  EXPECT_EQ(all_values(unknown.data(), out.data(), &count), VEK_STEAM_NO_SUCH_PROPERTY);
+  EXPECT_EQ(all_values(properties, nullptr, &count), VEK_STEAM_NULL);
+  EXPECT_EQ(all_values(properties, out.data(), nullptr), VEK_STEAM_NULL);
+  EXPECT_EQ(all_values(properties, out.data(), &count), VEK_STEAM_OK);
+  EXPECT_EQ(count, 2U);
   EXPECT_EQ(vek_steam_saturation(VEK_STEAM_H, 10, &phase, nullptr, sizeof phase),
             VEK_STEAM_NO_SUCH_PROPERTY);
   EXPECT_EQ(vek_steam_limits_of(nullptr, 100), VEK_STEAM_NULL);

@@ -29,6 +29,14 @@ void check(steam::Pair pair, double first, double second, const std::vector<Expe
   for (std::size_t i = 0; i < all.size(); ++i) {
     check(expected[i], all[i]);
   }
+  using P = steam::Property;
+  const std::vector<std::vector<double>> values =
+      steam::values_of_states(pair, first, second, std::vector{P::region, P::t, P::several});
+  ASSERT_EQ(values.size(), all.size());
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    const auto region = static_cast<double>(all[i].region);
+    EXPECT_EQ(values[i], (std::vector<double>{region, all[i].t, all.size() > 1 ? 1. : 0.}));
+  }
   const steam::Result one = steam::state(pair, first, second);
   check(expected[0], *one);
   EXPECT_EQ(one->several, all.size() > 1);
