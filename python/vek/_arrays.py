@@ -1,0 +1,69 @@
+"""Calls with arrays: on NumPy, which nothing else in the package needs."""
+import numpy as np
+
+from . import _core
+from ._quantities import registry_of
+from .ufuncs import ufunc
+
+_NUMBERS = "bufi"  # kinds of arrays: truth values, integers, floating-point numbers
+
+
+def evaluate(wanted, pair, known, si, status=False, errors="nan", **how):
+    """A tuple of arrays, or of what takes their place, one for each wanted property."""
+    if errors not in ("nan", "raise"):
+        raise ValueError(f'errors is "nan" or "raise", not {errors!r}')
+    given = [known[side.property.letter] for side in (pair.first, pair.second)]
+    registry = registry_of(given)
+    if registry:
+        given = registry.magnitudes(given, (pair.first, pair.second), si)
+    _check_numbers(given, pair)
+    results = _call(ufunc(pair, wanted, bool(status) or errors == "raise", si), given, **how)
+    if errors == "raise":
+        _raise_first(results[-1], given, pair, si)
+        results = results if status else results[:-1]
+    if registry:
+        results = registry.quantities(results, wanted, si)
+    return results
+
+
+def _call(function, given, where=True, out=None, **how):
+    """The outputs as a tuple. Where rows are left out and nobody says otherwise, they are NaN."""
+    if where is not True:
+        how["where"] = where
+        out = out if out is not None else _left_out(function, given, where)
+    if out is not None:
+        how["out"] = out
+    results = function(*given, **how)
+    return results if isinstance(results, tuple) else (results,)
+
+
+def _left_out(function, given, where):
+    shape = np.broadcast_shapes(*(np.shape(x) for x in (*given, where)))
+    return tuple(np.full(shape, np.nan) if kind == "d" else np.full(shape, _core.not_reached, "B")
+                 for kind in function.types[0].partition("->")[2])
+
+
+def _check_numbers(given, pair):
+    """Names what cannot be a number, which NumPy would not."""
+    for side, values in zip((pair.first, pair.second), given):
+        kind = np.dtype(getattr(values, "dtype", None) or np.asarray(values).dtype).kind
+        if kind not in _NUMBERS:
+            raise TypeError(f"{side.property.letter} is of type {_type_of(values)}; "
+                            f"real numbers are accepted")
+
+
+def _type_of(values):
+    return getattr(values, "dtype", None) or np.asarray(values).dtype
+
+
+def _raise_first(codes, given, pair, si):
+    """A ValueError about the first row without a state."""
+    codes = np.asarray(codes)
+    wrong = np.flatnonzero((codes != 0) & (codes != _core.not_reached))
+    if not wrong.size:
+        return
+    row = np.unravel_index(wrong[0], codes.shape)
+    first, second = (float(np.broadcast_to(x, codes.shape)[row]) for x in given)
+    place = f"row {', '.join(map(str, row))}, " if row else ""
+    raise ValueError(f"{place}{pair.letters[0]}={first:.10g}, {pair.letters[1]}={second:.10g}: "
+                     f"{_core.refusal(int(codes[row]), pair.number, first, second, si)}")
