@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "classic_answer.hpp"
+#include "comparison/classic_answer.hpp"
 #include "differences.hpp"
 #include "failure.hpp"
 #include "output.hpp"
@@ -13,14 +13,20 @@
 namespace command {
 namespace {
 
+using ::comparison::ask_classic, ::comparison::classic_properties, ::comparison::ClassicAnswer;
 using steam::Property;
 
 ClassicAnswer answer_or_failure(const Given& given) {
-  ClassicAnswer answer = ask_classic(given);
+  const VekFinder finder = ::comparison::finder_of(given.pair);
+  if (!finder) {
+    throw Failure(wrong_usage, fmt::format("the classic module has no finder for {}",
+                                           steam::info(given.pair).letters));
+  }
+  ClassicAnswer answer = ask_classic(finder, given.first, given.second);
   if (!answer.is_placed) {
-    tell(answer.diagnostics);
-    throw Failure(no_answer,
-                  fmt::format("the classic module places no state; error flag {}", answer.flag));
+    tell(answer.reply.diagnostics);
+    throw Failure(no_answer, fmt::format("the classic module places no state; error flag {}",
+                                         answer.reply.flag));
   }
   return answer;
 }
@@ -68,7 +74,7 @@ std::string verdict(const EngineAnswer& engine, const std::vector<std::size_t>& 
 }
 
 const char* phase_of(const ClassicAnswer& answer) {
-  return vek_steam_phase_name(answer.region, answer.values[0], answer.values[1]);
+  return vek_steam_phase_name(answer.region, answer.reply.values[0], answer.reply.values[1]);
 }
 
 Sheet::Row compared(Property property, double engine, double module, const Units& units) {
@@ -83,32 +89,32 @@ ClassicSheet classic_sheet(const Given& given, const std::vector<Property>& want
                            const Units& units) {
   const std::vector<std::size_t> places = places_of(wanted);
   const ClassicAnswer answer = answer_or_failure(given);
-  tell(answer.diagnostics);
+  tell(answer.reply.diagnostics);
   Sheet sheet{fmt::format("{} (classic module)", phase_of(answer)), {{"", "value"}}, {}, {}};
   const std::vector<Property> all = classic_properties();
   for (const std::size_t i : places) {
-    sheet.rows.push_back(row_of(all[i], units, {answer.values[i]}));
+    sheet.rows.push_back(row_of(all[i], units, {answer.reply.values[i]}));
   }
   if (wanted.empty()) {
     sheet.rows.push_back(row_of(Property::region, units, {static_cast<double>(answer.region)}));
   }
-  sheet.notes.push_back(flag_in_words(answer.flag));
-  return {sheet, answer.flag == 0};
+  sheet.notes.push_back(flag_in_words(answer.reply.flag));
+  return {sheet, answer.reply.flag == 0};
 }
 
 ClassicSheet comparison(const Given& given, const std::vector<Property>& wanted,
                         const Units& units) {
   const std::vector<std::size_t> places = places_of(wanted);
   const ClassicAnswer answer = answer_or_failure(given);
-  const EngineAnswer engine = engine_beside(given, answer.values);
+  const EngineAnswer engine = engine_beside(given, answer.reply.values);
   const std::vector<Property> all = classic_properties();
   Sheet sheet{verdict(engine, places),
               {{"engine", "value"}, {"classic\nmodule", "classic"}, {"difference", "difference"}},
               {},
-              {flag_in_words(answer.flag)}};
+              {flag_in_words(answer.reply.flag)}};
   bool same = true;
   for (const std::size_t i : places) {
-    sheet.rows.push_back(compared(all[i], engine.values[i], answer.values[i], units));
+    sheet.rows.push_back(compared(all[i], engine.values[i], answer.reply.values[i], units));
     same = same && !engine.differs[i];
   }
   if (engine.number > 1) {

@@ -4,11 +4,12 @@
 #include <cmath>
 #include <string_view>
 
-#include "classic_answer.hpp"
+#include "comparison/classic_answer.hpp"
 
 namespace command {
 namespace {
 
+using ::comparison::classic_properties;
 using steam::Property;
 
 /// The zeros of temperature, enthalpy and entropy are conventions, so a small value is not a share.

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "classic.hpp"
 #include "known.hpp"
 #include "property_functions.hpp"
 #include "threads.hpp"
@@ -108,4 +109,5 @@ NB_MODULE(_core, m) {
   m.def("set_threads", python::set_threads);
   m.def("threads", python::threads);
   m.def("add_property_functions", python::add_property_functions);
+  python::add_classic(m);
 }

@@ -16,8 +16,9 @@ in Pa, K and J/kg. Range: 0.006112444 to 1000 bar, 0.01 to 800 °C.
 """
 from . import _core, _functions, _threads  # noqa: F401
 from ._functions import properties, reason
+from .classic import compare
 from ._states import Phase, State, saturation, state, states
 
 __version__ = _core.version
-__all__ = [*_functions.install(__name__, si=False), "Phase", "State", "properties", "reason",
-           "saturation", "state", "states"]
+__all__ = [*_functions.install(__name__, si=False), "Phase", "State", "compare", "properties",
+           "reason", "saturation", "state", "states"]

@@ -1,6 +1,4 @@
-#include "classic_answer.hpp"
-
-#include <fmt/core.h>
+#include "comparison/classic_answer.hpp"
 
 #include <algorithm>
 #include <array>
@@ -10,10 +8,8 @@
 
 #include "classic/frame/diagnostics.hpp"
 #include "classic/regions/region.hpp"
-#include "failure.hpp"
-#include "vek/vek.h"
 
-namespace command {
+namespace comparison {
 namespace {
 
 struct Finder {
@@ -47,16 +43,6 @@ constexpr std::array items{
     Item{"TC", P::conductivity, 1000, true},  // kW/(m K)
 };
 
-VekFinder finder_of(steam::Pair pair) {
-  const std::string_view letters = steam::info(pair).letters;
-  const auto* const found = std::find_if(finders.begin(), finders.end(),
-                                         [&](const Finder& f) { return f.letters == letters; });
-  if (found == finders.end()) {
-    throw Failure(wrong_usage, fmt::format("the classic module has no finder for {}", letters));
-  }
-  return found->function;
-}
-
 /// The diagnostic lines of the module go into a text while this lives.
 class Diagnostics {
  public:
@@ -74,8 +60,8 @@ class Diagnostics {
 /// The module leaves slots without a value as they are: a slot that still holds this has none.
 constexpr double untouched = -std::numeric_limits<double>::max();
 
-int region_of(VekFinder finder, const Given& given) {
-  double first = given.first, second = given.second, tolerance = 1e-8;
+int region_of(VekFinder finder, double first, double second) {
+  double tolerance = 1e-8;
   return finder(&first, &second, &tolerance);
 }
 
@@ -93,6 +79,25 @@ std::string list_for(int region) {
 
 }  // namespace
 
+VekFinder finder_of(steam::Pair pair) {
+  const std::string_view letters = steam::info(pair).letters;
+  const auto* const found = std::find_if(finders.begin(), finders.end(),
+                                         [&](const Finder& f) { return f.letters == letters; });
+  return found == finders.end() ? nullptr : found->function;
+}
+
+Reply request(VekFinder finder, double first, double second, const std::string& list,
+              std::size_t items) {
+  Reply reply;
+  reply.values.assign(items, untouched);
+  const Diagnostics diagnostics;
+  vek(finder, &first, &second, list.c_str(), reply.values.data());
+  reply.flag = VEKHasError();
+  reply.diagnostics = diagnostics.text();
+  std::replace(reply.values.begin(), reply.values.end(), untouched, steam::missing);
+  return reply;
+}
+
 std::vector<steam::Property> classic_properties() {
   std::vector<steam::Property> properties;
   properties.reserve(items.size());
@@ -102,22 +107,16 @@ std::vector<steam::Property> classic_properties() {
   return properties;
 }
 
-ClassicAnswer ask_classic(const Given& given) {
-  const VekFinder finder = finder_of(given.pair);
+ClassicAnswer ask_classic(VekFinder finder, double first, double second) {
   ClassicAnswer answer;
-  answer.region = region_of(finder, given);
+  answer.region = region_of(finder, first, second);
   answer.is_placed = answer.region != classic::refused;
-  answer.values.assign(items.size(), untouched);
-  const Diagnostics diagnostics;
-  vek(finder, &given.first, &given.second, list_for(answer.region).c_str(), answer.values.data());
-  answer.flag = VEKHasError();
-  answer.diagnostics = diagnostics.text();
+  answer.reply = request(finder, first, second, list_for(answer.region), items.size());
   for (std::size_t i = 0; i < items.size(); ++i) {
-    double& value = answer.values[i];
-    const bool refused = value == untouched || (items[i].only_in_one_phase && value == 0);
-    value = refused ? steam::missing : value * items[i].unit;
+    double& value = answer.reply.values[i];
+    value = items[i].only_in_one_phase && value == 0 ? steam::missing : value * items[i].unit;
   }
   return answer;
 }
 
-}  // namespace command
+}  // namespace comparison

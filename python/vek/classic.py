@@ -1,0 +1,59 @@
+"""The classic module, one request at a time: its state is one for the process, so calls wait for each
+other."""
+from collections import namedtuple
+
+from . import _core, _tables
+
+Reply = namedtuple("Reply", "values flag diagnostics")
+
+
+def request(pair, first, second, items):
+    """A request of the classic module, as it answers it.
+
+    pair: letters of what is known, such as "ph"; first, second: the values, in the pair's order.
+    items: what is wanted, P T V H S X CP DV TC, with commas, points or blanks between them; the
+    separator behind the last one is added.
+    Returns values (NaN where the module leaves a slot as it is), the error flag, and the diagnostic
+    lines. Range and units are the module's: bar, °C, m³/kg, kJ/kg, kJ/(kg K), Pa·s, kW/(m K).
+
+    >>> import vek.classic
+    >>> reply = vek.classic.request("ph", 100, 3000, "T,S")
+    >>> [round(value, 4) for value in reply.values], reply.flag, reply.diagnostics
+    ([369.6384, 6.0662], 0, [])
+    """
+    known = _tables.PAIRS.get(frozenset(pair))
+    if known is None or pair != known.letters:
+        raise ValueError(f"{pair!r} is none of the pairs {_tables.PAIR_LETTERS}")
+    names = items.replace(",", " ").replace(".", " ").split()
+    if any(len(name) > 3 for name in names):
+        raise ValueError(f"{items!r}: items are P, T, V, H, S, X, CP, DV, TC")
+    text = "".join(name + "," for name in names)
+    values, flag, lines = _core.classic_request(known.number, float(first), float(second), text,
+                                                len(names))
+    return Reply(tuple(values), flag, lines.splitlines())
+
+
+_WANTED = [_tables.PROPERTIES[number] for number in _core.classic_properties()]
+Values = namedtuple("Values", [p.identifier for p in _WANTED])
+Comparison = namedtuple("Comparison", "engine module difference flag diagnostics")
+
+
+def compare(**known):
+    """What the engine and the classic module say of the state that has two known properties.
+
+    Returns `engine`, `module` and `difference`, each with the properties that the module has, in the
+    engine's units, NaN where there is none; the module's error flag and its diagnostic lines.
+
+    >>> import vek
+    >>> both = vek.compare(p=0.5, t=81.34526862)
+    >>> round(both.engine.h, 2), round(both.module.h, 2), round(both.difference.h, 2), both.flag
+    (340.56, 1493.28, 1152.71, 0)
+    """
+    pair = _tables.pair_of(known)
+    given = [float(known[side.property.letter]) for side in (pair.first, pair.second)]
+    values, flag, lines = _core.classic_answer(pair.number, *given)
+    module = Values(*values)
+    _, rows = _core.states(pair.number, *given, [p.number for p in _WANTED], False, 1)
+    engine = Values(*rows[0][0]) if rows else Values(*[float("nan")] * len(_WANTED))
+    difference = Values(*(b - a for a, b in zip(engine, module)))
+    return Comparison(engine, module, difference, flag, lines.splitlines())
