@@ -113,7 +113,8 @@ void evaluate_si(const Loop& loop, const Columns& columns) {
 }
 
 /// What NumPy calls, without the interpreter's lock.
-void run(char** arguments, const npy_intp* dimensions, const npy_intp* strides, void* data) {
+void run(char** arguments, const npy_intp* dimensions, const npy_intp* strides, void* data) noexcept
+    try {
   const auto& loop = *static_cast<const Loop*>(data);
   Columns columns{static_cast<std::size_t>(dimensions[0]),
                   {arguments[0], strides[0]},
@@ -124,6 +125,10 @@ void run(char** arguments, const npy_intp* dimensions, const npy_intp* strides, 
     columns.outputs.push_back({arguments[i], strides[i]});
   }
   loop.what.si ? evaluate_si(loop, columns) : evaluate(loop, columns);
+} catch (const std::bad_alloc&) {
+  const PyGILState_STATE state = PyGILState_Ensure();
+  PyErr_NoMemory();
+  PyGILState_Release(state);
 }
 
 bool has_numpy() {

@@ -16,7 +16,10 @@ def evaluate(wanted, pair, known, si, status=False, errors="nan", **how):
     registry = registry_of(given)
     if registry:
         given = registry.magnitudes(given, (pair.first, pair.second), si)
-    _check_numbers(given, pair)
+    given = [_numbers(values, side) for values, side in zip(given, (pair.first, pair.second))]
+    if how.get("out") is not None and errors == "raise" and not status:
+        out = how["out"]
+        how["out"] = (*(out if isinstance(out, tuple) else (out,)), None)  # nobody wants the codes
     results = _call(ufunc(pair, wanted, bool(status) or errors == "raise", si), given, **how)
     if errors == "raise":
         _raise_first(results[-1], given, pair, si)
@@ -43,22 +46,19 @@ def _left_out(function, given, where):
                  for kind in function.types[0].partition("->")[2])
 
 
-def _check_numbers(given, pair):
-    """Names what cannot be a number, which NumPy would not."""
-    for side, values in zip((pair.first, pair.second), given):
-        kind = np.dtype(getattr(values, "dtype", None) or np.asarray(values).dtype).kind
-        if kind not in _NUMBERS:
-            raise TypeError(f"{side.property.letter} is of type {_type_of(values)}; "
-                            f"real numbers are accepted")
-
-
-def _type_of(values):
-    return getattr(values, "dtype", None) or np.asarray(values).dtype
+def _numbers(values, side):
+    """Values as NumPy takes them; a TypeError that names what cannot be a number."""
+    if not hasattr(values, "__array_ufunc__"):
+        values = np.asarray(values)
+    type = getattr(values, "dtype", None)  # a table of several columns has none
+    if type is not None and getattr(type, "kind", "f") not in _NUMBERS:
+        raise TypeError(f"{side.property.letter} is of type {type}; real numbers are accepted")
+    return values
 
 
 def _raise_first(codes, given, pair, si):
     """A ValueError about the first row without a state."""
-    codes = np.asarray(codes)
+    codes = np.asarray(codes.filled(0) if hasattr(codes, "filled") else codes)
     wrong = np.flatnonzero((codes != 0) & (codes != _core.not_reached))
     if not wrong.size:
         return

@@ -79,8 +79,9 @@ def _doc(number, si):
 
 {title}, from two known properties, as in {example}.
 
-known: two of p, t, v, h, s, u, x that make a pair: {PAIR_LETTERS}; numbers, arrays and what
-follows NumPy's protocols, pint's quantities. Arrays are broadcast.
+known: two of p, t, v, h, s, u, x that make a pair,
+{PAIR_LETTERS};
+numbers, arrays, what follows NumPy's protocols, quantities of pint. Arrays are broadcast.
 Range: 0.006112444 to 1000 bar, 0.01 to 800 °C; x, the mass fraction of vapour, 0 to 1.
 Outside: {outside}.
 out, where, casting, order: as of NumPy's ufuncs; without `out`, rows that `where` leaves out are NaN.
