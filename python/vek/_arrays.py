@@ -3,6 +3,7 @@ import numpy as np
 
 from . import _core
 from ._quantities import registry_of
+from ._tables import refusal
 from .ufuncs import ufunc
 
 _NUMBERS = "bufi"  # kinds of arrays: truth values, integers, floating-point numbers
@@ -63,7 +64,6 @@ def _raise_first(codes, given, pair, si):
     if not wrong.size:
         return
     row = np.unravel_index(wrong[0], codes.shape)
-    first, second = (float(np.broadcast_to(x, codes.shape)[row]) for x in given)
+    values = [float(np.broadcast_to(x, codes.shape)[row]) for x in given]
     place = f"row {', '.join(map(str, row))}, " if row else ""
-    raise ValueError(f"{place}{pair.letters[0]}={first:.10g}, {pair.letters[1]}={second:.10g}: "
-                     f"{_core.refusal(int(codes[row]), pair.number, first, second, si)}")
+    raise ValueError(place + refusal(int(codes[row]), pair, values, si))

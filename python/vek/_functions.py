@@ -26,7 +26,14 @@ _HOW = ("out", "where", "casting", "order", "status", "errors")
 @cache
 def _tuple_of(names, status):
     fields = [p.identifier for p in properties_of(names)] + ["status"] * status
-    return namedtuple("Properties", fields, module=__package__)
+    made = namedtuple("Properties", fields, module=__package__)
+    made.__reduce__ = lambda self: (_named, (names, status, tuple(self)))
+    return made
+
+
+def _named(names, status, values):
+    """The named tuple of some properties, also where another process sent it."""
+    return _tuple_of(names, status)(*values)
 
 
 def properties(names, *, status=False, **known):
@@ -48,7 +55,7 @@ def _properties(si, names, status, keywords):
     names = names if isinstance(names, str) else tuple(names)
     how = {name: keywords.pop(name) for name in _HOW if name in keywords}
     results = evaluate(properties_of(names), keywords, si=si, status=status, **how)
-    return _tuple_of(names, bool(status))(*results)
+    return _named(names, bool(status), results)
 
 
 def reason(code):

@@ -3,7 +3,7 @@ from math import isnan
 
 from . import _core
 from ._quantities import registry_of
-from ._tables import LIQUID, PROPERTIES, VAPOUR, pair_of
+from ._tables import LIQUID, PROPERTIES, VAPOUR, pair_of, refusal
 
 _INDEX = {p.identifier: i for i, p in enumerate(PROPERTIES)}
 _COUNT = len(PROPERTIES)
@@ -127,11 +127,10 @@ def _find(known, si, most):
     units = registry_of(given)
     if units:
         given = units.magnitudes(given, sides, si)
-    first, second = map(float, given)
-    code, rows = _core.states(pair.number, first, second, _NUMBERS, si, most)
+    given = [float(value) for value in given]
+    code, rows = _core.states(pair.number, *given, _NUMBERS, si, most)
     if code:
-        raise ValueError(f"{pair.letters[0]}={first:.10g}, {pair.letters[1]}={second:.10g}: "
-                         f"{_core.refusal(code, pair.number, first, second, si)}")
+        raise ValueError(refusal(code, pair, given, si))
     if units:
         every = (*PROPERTIES, *LIQUID, *VAPOUR)
         rows = [(units.quantities(values, every, si), phase) for values, phase in rows]

@@ -46,6 +46,14 @@ def pair_of(known):
     return pair
 
 
+def refusal(code, pair, values, si):
+    """What a code says of a pair's values."""
+    units = [side.property.si_unit if si else side.property.unit for side in (pair.first, pair.second)]
+    given = ", ".join(f"{letter}={value:.10g} {unit}".rstrip()
+                      for letter, value, unit in zip(pair.letters, values, units))
+    return f"{given}: {_core.refusal(code, pair.number, *values, si)}"
+
+
 @cache
 def properties_of(names):
     """The properties that a text such as "t s v region" names, by identifier or by letter."""
