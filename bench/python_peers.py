@@ -103,7 +103,7 @@ def of_arrays():
         for peer, (rows, run) in peers.items():
             rows = min(rows, ROWS)
             theirs = best(lambda: run(a[:rows], b[:rows]), 3) / rows
-            print(f"| | {peer} | {rows} | {theirs * 1e9:.0f} | {theirs / mine:.0f} |")
+            print(f"| | {peer} | {rows} | {theirs * 1e9:.0f} | {theirs / mine:.2g} |")
 
 
 def of_one():

@@ -22,3 +22,10 @@ from ._states import Phase, State, saturation, state, states
 __version__ = _core.version
 __all__ = [*_functions.install(__name__, si=False), "Phase", "State", "compare", "properties",
            "reason", "saturation", "state", "states"]
+
+
+def __getattr__(name):
+    if name in ("si", "ufuncs"):  # imported when they are first used
+        import importlib
+        return importlib.import_module(f"{__name__}.{name}")
+    raise AttributeError(f"module {__name__!r} has no attribute {name!r}")
