@@ -109,13 +109,13 @@ class Inputs {
 
   /// The values of the pair that a state of another has; hostile ones where it has none.
   Values of(Pair known, Values state) {
-    const auto [a, b] = state;
     const auto value = [&](int place) {
       constexpr std::string_view letters = "ptvhsux";
       const auto property = static_cast<Property>(letters.find(letter(place)));
-      return steam::info(known).letters[0] == letter(place)   ? a
-             : steam::info(known).letters[1] == letter(place) ? b
-                                                              : steam::value(known, a, b, property);
+      return steam::info(known).letters[0] == letter(place) ? state.first
+             : steam::info(known).letters[1] == letter(place)
+                 ? state.second
+                 : steam::value(known, state.first, state.second, property);
     };
     return {value(0), value(1)};
   }
@@ -215,6 +215,7 @@ std::string recorded(const char* path, const std::string& count) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int /*argc*/, char** argv) {
   const std::string count = argv[1];
   const std::size_t rows = std::strtoul(argv[1], nullptr, 10) /
