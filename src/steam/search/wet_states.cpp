@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "steam/search/all_roots.hpp"
-#include "steam/search/quantity.hpp"
-#include "steam/search/saturated.hpp"
+#include "steam/search/merging_phases.hpp"
+#include "steam/search/mixed_quantity.hpp"
 #include "steam/search/tolerances.hpp"
 #include "steam/search/wet_search.hpp"
 
@@ -17,113 +16,6 @@ namespace {
 // it. There the roots of one polynomial are all solutions; the equations correct each by a step.
 // Only where the table cannot tell whether there is one, at a turn or next to the critical point,
 // are the equations searched.
-
-/// The mixed quantity less the wanted value: in one cell, over the place from -1 to 1.
-struct CellPolynomial {
-  std::array<double, saturated_terms> c;
-
-  [[nodiscard]] Slope operator()(double z) const {
-    double value = c.back(), slope = 0;
-    for (std::size_t k = saturated_terms - 1; k-- > 0;) {
-      slope = slope * z + value;
-      value = value * z + c[k];
-    }
-    return {value, slope};
-  }
-  [[nodiscard]] CellPolynomial derivative() const {
-    CellPolynomial d{};
-    for (std::size_t k = 1; k < saturated_terms; ++k) {
-      d.c[k - 1] = static_cast<double>(k) * c[k];
-    }
-    return d;
-  }
-  /// Whether it surely is farther from zero than `doubt` in the whole cell.
-  [[nodiscard]] bool is_beyond(double doubt) const {
-    double others = 0;
-    for (std::size_t k = 1; k < saturated_terms; ++k) {
-      others += std::abs(c[k]);
-    }
-    constexpr double margin = 1.1;
-    return std::abs(c[0]) > margin * others + doubt;
-  }
-  /// Whether it surely has no turn in the cell.
-  [[nodiscard]] bool is_monotone() const {
-    double others = 0;
-    for (std::size_t k = 2; k < saturated_terms; ++k) {
-      others += static_cast<double>(k) * std::abs(c[k]);
-    }
-    return std::abs(c[1]) > others;
-  }
-};
-
-/// What is known of a quantity of saturated states.
-struct Figures {
-  /// Differences that the table cannot tell, as a share of the value and this.
-  double size;
-  /// By which share it may leave its values at the sides of the part that the table has not.
-  double room;
-  double rounding, relative_rounding;
-  SaturatedPolynomial SaturatedCell::*polynomial;
-};
-const Figures& figures_of(Quantity q) {
-  using Cell = SaturatedCell;
-  static constexpr std::array<Figures, 4> all{{{1e-3, 2e-3, 0, 1e-14, &Cell::v},
-                                               {1, 1e-3, 4e-11, 0, &Cell::h},
-                                               {1e-3, 5e-4, 1e-12, 0, &Cell::s},
-                                               {1, 1e-3, 4e-11, 0, &Cell::u}}};
-  return all[static_cast<std::size_t>(q) - static_cast<std::size_t>(Quantity::v)];
-}
-
-const SaturatedProfile& profile_of(const SaturatedBand& band, Quantity q) {
-  switch (q) {
-    case Quantity::v:
-      return band.v;
-    case Quantity::h:
-      return band.h;
-    case Quantity::s:
-      return band.s;
-    default:
-      return band.u;
-  }
-}
-
-struct Quality {
-  Quantity q;
-  double value, x;
-
-  [[nodiscard]] const SaturatedProfile& profile(const SaturatedBand& band) const {
-    return profile_of(band, q);
-  }
-  [[nodiscard]] double at_side(const SaturatedProfile& profile, int i) const {
-    return Ends{profile.liquid[i], profile.vapour[i]}.mixed(x) - value;
-  }
-  [[nodiscard]] CellPolynomial polynomial(const SaturatedCell& cell) const {
-    const SaturatedPolynomial& ends = cell.*figures_of(q).polynomial;
-    CellPolynomial mixed{};
-    for (std::size_t k = 0; k < saturated_terms; ++k) {
-      mixed.c[k] = ends[k][0] + x * (ends[k][1] - ends[k][0]);
-    }
-    mixed.c[0] -= value;
-    return mixed;
-  }
-  template <class Saturation>
-  [[nodiscard]] double exact(double t) const {
-    const Saturation saturation(t, saturation_pressure(t));
-    return with_quantity(q, [&]<Quantity Q>() { return saturation.template ends<Q>(); }).mixed(x) -
-           value;
-  }
-  /// The equations' slope too, over the temperature.
-  template <class Saturation>
-  [[nodiscard]] Slope sloped(double t) const {
-    const SaturationPressure line = sloped_saturation_pressure(t);
-    const Saturation saturation(t, line.p);
-    const SlopedEnds ends = with_quantity(
-        q, [&]<Quantity Q>() { return saturation.template sloped_ends<Q>(line.over_t); });
-    return {ends.value.mixed(x) - value, ends.slope.mixed(x)};
-  }
-  /// Differences that the table cannot tell.
-  [[nodiscard]] double doubt() const { return 1e-8 * (std::abs(value) + figures_of(q).size); }
-};
 
 /// One cell of the table and its temperatures.
 struct Cell {
@@ -147,19 +39,21 @@ struct Cell {
   }
 };
 
+/// All cells of the table, from the critical point down.
 class Scan {
  public:
-  Scan(Quality target, bool only_first) : target_(target), only_first_(only_first) {}
+  Scan(const MixedQuantity& target, bool only_first)
+      : target_(target), only_first_(only_first), states_(target.x) {}
 
   void run() {
     if (reaches_above_350()) {
-      beside_critical_point();
+      closed_on_jump_ = where_phases_merge(target_, states_);
       band<HighSaturation>(saturated_above_350);
     }
     band<LowSaturation>(saturated_to_350);
   }
 
-  [[nodiscard]] const Solutions& states() const { return states_; }
+  [[nodiscard]] const Solutions& states() const { return states_.all(); }
   [[nodiscard]] double closed_on_jump() const { return closed_on_jump_; }
 
  private:
@@ -187,11 +81,12 @@ class Scan {
 
   /// A state just above 350 °C gives way to one below.
   [[nodiscard]] bool wants_more() const {
-    if (!only_first_ || states_.sites.empty()) {
+    const auto& found = states_.all().sites;
+    if (!only_first_ || found.empty()) {
       return true;
     }
     constexpr double overlap = 0.5;  // K
-    const double t = states_.sites[states_.sites.size() - 1].t;
+    const double t = found[found.size() - 1].t;
     return t > t_350 && t < t_350 + overlap;
   }
 
@@ -201,10 +96,11 @@ class Scan {
     if (f.is_beyond(target_.doubt())) {
       return;
     }
-    const Solutions before = states_;
+    const WetList before = states_;
     if (!by_table<Saturation>(cell, f)) {
       states_ = before;
-      by_equations<Saturation>(cell.t_high(), cell.t_low(), [&](double t) { add_in(cell, t); });
+      by_equations<Saturation>(target_, cell.t_high(), cell.t_low(),
+                               [&](double t) { add_in(cell, t); });
     }
   }
 
@@ -278,84 +174,33 @@ class Scan {
       return false;
     }
     if (cell.band == &saturated_to_350) {
-      add(std::clamp(t, t_lowest, t_350));
+      states_.add(std::clamp(t, t_lowest, t_350));
     } else {
-      add(std::max(t, std::nextafter(t_350, t_highest)));
+      states_.add(std::max(t, std::nextafter(t_350, t_highest)));
     }
     return true;
   }
 
-  /// All solutions between two temperatures, by the equations and brackets.
-  template <class Saturation, class Found>
-  void by_equations(double t_high, double t_low, const Found& found, int parts = 5) {
-    // Next to the critical point the rounding of the volumes moves the temperature by as much.
-    const bool merging = t_low >= t_jump - r_merging * r_merging;
-    const Enough enough{.step = merging ? 1e-12 : 3e-16,
-                        .noise = merging ? 3e-10 * target_.value : rounding()};
-    all_roots([&](double t) { return target_.sloped<Saturation>(t); }, t_high, t_low, found, parts,
-              enough);
-  }
-
-  [[nodiscard]] Ends tabulated_at(double t) const {
-    const TabulatedSaturation saturation(t);
-    return with_quantity(target_.q, [&]<Quantity Q>() { return saturation.ends<Q>(); });
-  }
-
-  /// Where the table does not tell all: above and below the jump.
-  void beside_critical_point() {
-    const double t_low = temperature_of(r_merging);
-    const Ends at_jump = tabulated_at(below_jump);
-    const Ends at_low = tabulated_at(t_low);
-    // A bracket may close on a jump.
-    const double miss = 3e-8 * target_.value;  // the rounding of the volumes
-    const auto found = [this, miss](double t) {
-      if (std::abs(target_.exact<HighSaturation>(t)) <= miss) {
-        add(t);
-      } else {
-        closed_on_jump_ = t;
-      }
-    };
-    const double room = figures_of(target_.q).room;
-    const auto is_between = [&](double least, double most) {
-      return target_.value > least * (1 - room) && target_.value < most * (1 + room);
-    };
-    if (is_between(at_jump.liquid, at_low.vapour)) {
-      by_equations<HighSaturation>(t_critical, above_jump, found, 1);
-      if (states_.sites.empty() && std::abs(target_.exact<HighSaturation>(t_critical)) <= miss) {
-        add(t_critical);
-      }
-    }
-    if (is_between(Ends{at_low.liquid, at_jump.vapour}.mixed(target_.x),
-                   Ends{at_jump.liquid, at_low.vapour}.mixed(target_.x))) {
-      by_equations<HighSaturation>(below_jump, t_low, found, 2);
-    }
-  }
-
-  [[nodiscard]] double rounding() const {
-    const Figures& figures = figures_of(target_.q);
-    return figures.rounding + figures.relative_rounding * target_.value;
-  }
-
-  void add(double t) { states_.sites.empty() || !is_last(t) ? add_new(t) : void(); }
-  /// Neighbouring cells may find the same solution.
-  [[nodiscard]] bool is_last(double t) const {
-    constexpr double same = 1e-7;
-    const Site& last = states_.sites[states_.sites.size() - 1];
-    return std::abs(last.t - t) < same && (last.t <= t_350) == (t <= t_350);
-  }
-  void add_new(double t) { states_.sites.add(at_quality(saturation_pressure(t), t, target_.x)); }
-
-  static constexpr double above_jump = t_jump + 1e-8, below_jump = t_jump - 1e-8;
-  Quality target_;
+  MixedQuantity target_;
   bool only_first_;
-  Solutions states_;
+  WetList states_;
   double closed_on_jump_ = 0;  // °C, if it has happened
 };
 
 }  // namespace
 
+void WetList::add(double t) {
+  constexpr double same = 1e-7;  // K
+  auto& sites = all_.sites;
+  const bool is_last = !sites.empty() && std::abs(sites[sites.size() - 1].t - t) < same &&
+                       (sites[sites.size() - 1].t <= t_350) == (t <= t_350);
+  if (!is_last) {
+    sites.add(at_quality(saturation_pressure(t), t, x_));
+  }
+}
+
 WetStates wet_states(Quantity q, double value, double x, bool only_first) {
-  const Quality target{q, value, x};
+  const MixedQuantity target{q, value, x};
   Scan scan(target, only_first);
   scan.run();
   WetStates found{scan.states(), {}};
@@ -367,13 +212,13 @@ WetStates wet_states(Quantity q, double value, double x, bool only_first) {
     found.nearest = at_quality(saturation_pressure(t), t, x);
     found.nearest.approximate = true;
   };
-  constexpr double above = t_jump + 1e-8, below = t_jump - 1e-8;
   if (std::abs(target.at_side(target.profile(saturated_to_350), 0)) < misfit(q, value)) {
     at(t_350);
   } else if (scan.closed_on_jump() > 0) {
     at(scan.closed_on_jump());
-  } else if (target.exact<HighSaturation>(above) * target.exact<HighSaturation>(below) < 0) {
-    at(below);
+  } else if (target.exact<HighSaturation>(above_jump) * target.exact<HighSaturation>(below_jump) <
+             0) {
+    at(below_jump);
   }
   return found;
 }

@@ -4,6 +4,19 @@
 
 namespace steam {
 
+/// Wet states of one quality, found from the highest temperature down.
+class WetList {
+ public:
+  explicit WetList(double x) : x_(x) {}
+  /// Neighbouring searches may find the same solution.
+  void add(double t);
+  [[nodiscard]] const Solutions& all() const { return all_; }
+
+ private:
+  double x_;
+  Solutions all_;
+};
+
 /// Wet states of a quality and a volume, an enthalpy, an entropy or an energy.
 struct WetStates {
   Solutions all;  ///< from the highest temperature down
