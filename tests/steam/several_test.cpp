@@ -111,6 +111,9 @@ TEST(Several, StatesOfTwoOtherValuesInTheDocumentedOrder) {
         {{water, 0.00832242, 4.33526289}, {wet, 0.00831456, 4.32178316}});
   // the coldest water, along which the entropy hardly tells the pressure
   check(hs, 0x1.45bfd77739545p+4, 0x1.0450f80754efbp-10, {{water, 201.841335, 0.01}});
+  // along an isentrope that runs along the boundary line, on both sides of it
+  check(hs, 0x1.4b004abb56142p+11, 0x1.430dc079c41ccp+2,
+        {{steam_2, 573.856644, 505.906189}, {dense_steam, 573.683489, 505.86287}});
   // compressed water, and wet steam whose energy turns along the isenthalp
   check(hu, 1500, 1422,
         {{water, 568.27039, 336.41992}, {wet, 3.876252, 142.49407}, {wet, 0.02366497, 20.20572}});

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "steam/equations/domain.hpp"
 #include "steam/search/root.hpp"
 #include "steam/search/solutions.hpp"
 #include "steam/search/tolerances.hpp"
@@ -138,7 +139,14 @@ class PieceSearch {
       solutions_.add(std::abs(at_a) <= std::abs(at_b) ? a.site : b.site);
     } else if (at_a * at_b < 0) {
       solutions_.add(solved(a, b));
+    } else if (const LinePoint& end = std::abs(at_a) <= std::abs(at_b) ? a : b; is_blurred(end)) {
+      solutions_.add(end.site);
     }
+  }
+  /// Where a line runs along the boundary line, its rounding moves the place where they cross.
+  [[nodiscard]] bool is_blurred(const LinePoint& end) const {
+    constexpr double room = 20;
+    return end.site.t > t_critical && std::abs(excess(end)) <= room * enough();
   }
 
   [[nodiscard]] bool is_between(const Site& known, const LinePoint& a, const LinePoint& b) const {
