@@ -111,6 +111,9 @@ TEST(Several, StatesOfTwoOtherValuesInTheDocumentedOrder) {
         {{water, 0.00832242, 4.33526289}, {wet, 0.00831456, 4.32178316}});
   // the coldest water, along which the entropy hardly tells the pressure
   check(hs, 0x1.45bfd77739545p+4, 0x1.0450f80754efbp-10, {{water, 201.841335, 0.01}});
+  // the sliver of steam between the lowest pressure and that of saturation at the lowest
+  // temperature
+  check(vs, 0x1.9c53646677f36p+7, 0x1.2509eb324b2abp+3, {{steam_2, 0.006112444, 0.01}});
   // along an isentrope that runs along the boundary line, on both sides of it
   check(hs, 0x1.4b004abb56142p+11, 0x1.430dc079c41ccp+2,
         {{steam_2, 573.856644, 505.906189}, {dense_steam, 573.683489, 505.86287}});

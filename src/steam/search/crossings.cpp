@@ -161,6 +161,9 @@ class Borders {
     cross(Region::steam, Isobar(p_lowest), t_highest, t_lowest, Border::range);
     cross(Region::steam, Isobar(p_highest), t_highest, line_temperature(p_highest), Border::range);
     cross(Region::steam, IsothermLine(t_highest), p_lowest, p_highest, Border::range);
+    // The lowest pressure is a little below the saturation pressure of the lowest temperature.
+    cross(Region::steam, IsothermLine(t_lowest), p_lowest, saturation_pressure(t_lowest),
+          Border::range);
     cross_boundary_line(Region::steam);
     if constexpr (Line::own == Quantity::h) {
       // The energy turns at most once on each side of this pressure.
