@@ -114,7 +114,7 @@ double rounding(const State& s, Pair pair) {
     return s.t > 374.149 ? 2e-8 : 1e-9;
   }
   if (pair == Pair::hs || pair == Pair::us) {
-    return 4e-11;
+    return 2e-11;
   }
   const bool along_line = pair <= Pair::tv || pair == Pair::th;
   return along_line && s.region != Region::wet_above_350 ? 3e-12 : 1e-11;
