@@ -39,12 +39,12 @@ UnitCosts unit_costs() {
   return {
       .pow = cost(between(0.3, 1.3), [](double x) { return std::pow(x, -5.0 / 17); }),
       .exp = cost(between(-3, 1), [](double x) { return std::exp(x); }),
-      .water =
-          cost(between(1, 340),
-               [](double t) { return value_of<Water, Quantity::h>(Water::terms(300, t), 300, t); }),
-      .steam =
-          cost(between(400, 790),
-               [](double t) { return value_of<Steam, Quantity::h>(Steam::terms(50, t), 50, t); }),
+      .water = cost(
+          between(1, 340),
+          [](double t) { return value_of<Water, Quantity::h>(Water::terms(300.0, t), 300.0, t); }),
+      .steam = cost(
+          between(400, 790),
+          [](double t) { return value_of<Steam, Quantity::h>(Steam::terms(50.0, t), 50.0, t); }),
       .dense = cost(
           between(380, 580),
           [](double t) { return value_of<Dense, Quantity::h>(Dense::terms(0.004, t), 0.004, t); }),
