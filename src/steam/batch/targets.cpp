@@ -24,12 +24,6 @@ std::atomic<const Answers*>& chosen() {
   return answers;
 }
 
-/// Whether the lanes have all that is wanted.
-bool is_plain(const Wanted& wanted) {
-  const Needs& needs = wanted.needs;
-  return !needs.several && !needs.saturation && !wanted.of_liquid.any && !wanted.of_vapour.any;
-}
-
 }  // namespace
 
 int most_lanes() {
@@ -42,9 +36,14 @@ int most_lanes() {
 
 void use_lanes(int lanes) { chosen() = answers_in(std::min(lanes, most_lanes())); }
 
+bool is_for_lanes(const Wanted& wanted) {
+  const Needs& needs = wanted.needs;
+  return !needs.several && !needs.saturation && !wanted.of_liquid.any && !wanted.of_vapour.any;
+}
+
 void answer_block(const Block& block, RowList& left) {
   const Answers* answers = chosen();
-  if (answers && is_plain(block.wanted)) {
+  if (answers && is_for_lanes(block.wanted)) {
     (*answers)[static_cast<std::size_t>(block.pair)](block, left);
     return;
   }

@@ -18,6 +18,9 @@ int most_lanes();
 /// there are. For tests and measurements.
 void use_lanes(int lanes);
 
+/// Whether lanes have all that is wanted; else every row is left.
+bool is_for_lanes(const Wanted& wanted);
+
 /// Answers the rows of a block that are clear of all boundaries; the others are left.
 void answer_block(const Block& block, RowList& left);
 
