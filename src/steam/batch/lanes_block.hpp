@@ -5,6 +5,7 @@
 #include "steam/batch/block.hpp"
 #include "steam/completion.hpp"
 #include "steam/refusal.hpp"
+#include "steam/search/quick.hpp"
 #include "steam/search/quick_one_phase.hpp"
 #include "steam/search/quick_wet.hpp"
 #include "steam/search/starts.hpp"
@@ -131,7 +132,7 @@ class InCells : Answering<P, Num> {
       turn(steam_, [this](const Group<Num>& group) { one_phase<Steam>(Region::steam, group); });
       turn(dense_,
            [this](const Group<Num>& group) { one_phase<Dense>(Region::dense_steam, group); });
-      turn(wet_, [this](const Group<Num>& group) { wet(group); });
+      turn(wet_, [this](const Group<Num>& group) { look_up_wet(group); });
     }
   }
 
@@ -182,11 +183,23 @@ class InCells : Answering<P, Num> {
       case Region::steam:
         return steam_.add(row);
       case Region::wet:
-        return wet_.add(row);
       case Region::wet_above_350:
-        return this->left_.add(row);
+        return is_line(P) ? on_line(row) : in_plane(row);
       default:
         return dense_.add(row);
+    }
+  }
+
+  void on_line(std::size_t row) {
+    (patch_[row].region == Region::wet ? wet_ : this->left_).add(row);
+  }
+
+  /// A wet state is found alone; but mostly the table tells that there is none.
+  void in_plane(std::size_t row) {
+    if (may_be_wet(P, place_[row], patch_[row], block_.first[row], block_.second[row])) {
+      this->left_.add(row);
+    } else {
+      go_on(row);
     }
   }
 
@@ -252,7 +265,7 @@ class InCells : Answering<P, Num> {
     }
   }
 
-  void wet(const Group<Num>& group) {
+  void look_up_wet(const Group<Num>& group) {
     if constexpr (is_line(P) && P != Pair::pt) {
       const Num a = group.of(block_.first), b = group.of(block_.second);
       const auto [p, t, is_low] = saturated(a);

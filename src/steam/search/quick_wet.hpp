@@ -71,6 +71,14 @@ Quick wet_on_line(double a, double b) {
 
 namespace wet {
 
+/// Whether the table has a state of the pair in a band; if not, there is none.
+template <Pair P>
+bool may_be_in(Region region, double a, double b, double t_start) {
+  constexpr Known k = known_of(P);
+  const SaturatedBand& band = region == Region::wet ? saturated_to_350 : saturated_above_350;
+  return tabulated<k.first, k.second>(band, a, b, t_start).promising;
+}
+
 /// The wet state of one band of the table, of region none when it does not converge.
 template <Pair P>
 Site in_band(Region region, double a, double b, double t_start) {

@@ -76,7 +76,10 @@ template <Pair P, class Num, class Here>
   if (count == 2) {
     return {starts::from_polynomial<P>(region, first), here(1)};
   }
-  if (is_wet(region) || !is_line(P) || known_of(P).first == Quantity::p) {
+  constexpr Known k = known_of(P);
+  const bool is_t =
+      is_wet(region) || !is_line(P) || (k.first == Quantity::p && k.second != Quantity::t);
+  if (is_t) {
     return {0, first};
   }
   return {starts::from_polynomial<P>(region, first), 0};

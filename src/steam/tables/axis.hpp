@@ -21,7 +21,7 @@ struct Axis {
   double origin, scale;
 
   /// @return  a cell outside 0 … cells - 1 for values outside the axis and what is no number
-  [[nodiscard]] Coordinate operator()(double value) const {
+  [[nodiscard, gnu::always_inline]] Coordinate operator()(double value) const {
     if (shift > 0) {
       const auto bits = std::bit_cast<std::int64_t>(value);
       const std::int64_t cell = (bits >> shift) - first;
