@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "classic.hpp"
+#include "diagrams.hpp"
 #include "known.hpp"
 #include "property_functions.hpp"
 #include "threads.hpp"
@@ -110,4 +111,5 @@ NB_MODULE(_core, m) {
   m.def("threads", python::threads);
   m.def("add_property_functions", python::add_property_functions);
   python::add_classic(m);
+  python::add_diagrams(m);
 }

@@ -1,7 +1,10 @@
 """Calls with arrays: on NumPy, which nothing else in the package needs."""
+from functools import partial
+
 import numpy as np
 
 from . import _core
+from ._carriers import carrier_of
 from ._quantities import registry_of
 from ._tables import refusal
 from .ufuncs import ufunc
@@ -17,6 +20,10 @@ def evaluate(wanted, pair, known, si, status=False, errors="nan", **how):
     registry = registry_of(given)
     if registry:
         given = registry.magnitudes(given, (pair.first, pair.second), si)
+    carrier = carrier_of(given)
+    if carrier:
+        results = _carried(carrier, given, wanted, pair, si, status, errors, how)
+        return registry.quantities(results, wanted, si) if registry else results
     given = [_numbers(values, side) for values, side in zip(given, (pair.first, pair.second))]
     if how.get("out") is not None and errors == "raise" and not status:
         out = how["out"]
@@ -28,6 +35,22 @@ def evaluate(wanted, pair, known, si, status=False, errors="nan", **how):
     if registry:
         results = registry.quantities(results, wanted, si)
     return results
+
+
+def _carried(carrier, given, wanted, pair, si, status, errors, how):
+    """The results in what carries the given values."""
+    if how:
+        raise TypeError(f"{' and '.join(how)} cannot be given with data that have labels or chunks")
+    fields = [(p.identifier, p) for p in wanted] + [("status", None)] * bool(status)
+    call = partial(_of_arrays, wanted, pair, si, status, errors)
+    return carrier.evaluate(call, given, (pair.first, pair.second), fields, si)
+
+
+def _of_arrays(wanted, pair, si, status, errors, *given):
+    """One array or a tuple, as a ufunc gives them; for libraries that call later and elsewhere."""
+    known = dict(zip(pair.letters, given))
+    results = evaluate(wanted, pair, known, si, status, errors)
+    return results if len(results) > 1 else results[0]
 
 
 def _call(function, given, where=True, out=None, **how):

@@ -1,0 +1,51 @@
+"""Arrays and tables of Arrow.
+
+>>> import pyarrow as pa
+>>> import vek.arrow
+>>> plant = pa.table({"pressure": [100.0, None], "temperature": [540, 540]})
+>>> vek.arrow.add(plant, "h", p="pressure", t="temperature")["h"].to_numpy().round(2).tolist()
+[3475.06, nan]
+
+Memory is shared, unless an array has missing values; chunks are kept, and rows in errors are counted
+within theirs.
+"""
+import pyarrow as pa
+
+from ._carriers import tuple_of
+from ._columns import accessor
+
+
+def add(table, names, *, si=False, status=False, **known):
+    """A table or record batch with properties added, see `Steam.add`."""
+    return Steam(table).add(names, si=si, status=status, **known)
+
+
+def evaluate(call, given, sides, fields, si):
+    in_chunks = any(isinstance(value, pa.ChunkedArray) for value in given)
+    chunks = [tuple_of(call(*values)) for values in _chunks(given)]
+    arrays = [[pa.array(result) for result in results] for results in zip(*chunks)]
+    return tuple(pa.chunked_array(array) if in_chunks else array[0] for array in arrays)
+
+
+def _chunks(given):
+    """Arrays that follow each other, borders where any of the values has one."""
+    table = pa.table({str(i): value for i, value in enumerate(given)
+                      if isinstance(value, (pa.Array, pa.ChunkedArray))})
+    first = 0
+    for batch in table.to_batches() or [table]:
+        rows = slice(first, first + batch.num_rows)
+        yield [batch[str(i)].to_numpy(zero_copy_only=False) if str(i) in table.schema.names
+               else value if not getattr(value, "ndim", 0) else value[rows]
+               for i, value in enumerate(given)]
+        first = rows.stop
+
+
+def _assigned(table, columns):
+    for name, column in columns.items():
+        at = table.schema.get_field_index(name)
+        table = (table.append_column(name, column) if at < 0
+                 else table.set_column(at, name, column))
+    return table
+
+
+Steam = accessor(_assigned)
