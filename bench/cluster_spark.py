@@ -1,0 +1,74 @@
+"""cluster_spark.py STATES: properties of many states on two Spark executors, one of which is killed."""
+import os
+import signal
+import sys
+import threading
+import time
+from pathlib import Path
+
+import psutil
+import pyarrow as pa
+from cluster_states import WANTED, checksum, checksum_of_rows, figures, given
+
+
+def _given(batches):
+    for batch in batches:
+        p, h = given(batch["id"].to_numpy())
+        yield pa.record_batch({"id": batch["id"], "p": p, "h": h})
+
+
+def _checksums(batches):
+    """As texts, since Spark has no unsigned integers."""
+    for batch in batches:
+        ids, *properties = (batch[name].to_numpy() for name in ("id", *WANTED.split()))
+        yield pa.record_batch({"sum": [str(checksum(ids, properties))],
+                               "worker": pa.array([os.getpid()], pa.int64()),
+                               "peak": pa.array([psutil.Process().memory_info().rss], pa.int64())})
+
+
+def _executors():
+    return [process for process in psutil.Process().children(recursive=True)
+            if "CoarseGrainedExecutorBackend" in " ".join(process.cmdline())]
+
+
+def _kill_one(after, killed):
+    time.sleep(after)
+    for executor in _executors()[:1]:
+        executor.send_signal(signal.SIGKILL)
+        killed.append(executor.pid)
+
+
+def run(states, kill_after):
+    from pyspark.sql import SparkSession
+
+    import vek.spark
+    os.environ["PYSPARK_PYTHON"] = sys.executable  # the workers' too
+    spark = (SparkSession.builder.master("local-cluster[2,1,1024]")
+             .config("spark.ui.enabled", False).config("spark.driver.host", "127.0.0.1")
+             .config("spark.sql.execution.arrow.maxRecordsPerBatch", 100_000).getOrCreate())
+    spark.sparkContext.addPyFile(str(Path(__file__).with_name("cluster_states.py")))
+    killed = []
+    killer = threading.Thread(target=_kill_one, args=(kill_after, killed), daemon=True)
+    killer.start()
+    rows = spark.range(0, states, 1, max(8, states // 1_000_000))
+    table = vek.spark.add(rows.mapInArrow(_given, "id long, p double, h double"), WANTED, p="p", h="h")
+    parts = table.mapInArrow(_checksums, "sum string, worker long, peak long").collect()
+    spark.stop()
+    total = sum(int(part["sum"]) for part in parts) % 2**64
+    return total, max(part["peak"] for part in parts) / 2**20, len(killed)
+
+
+def main():
+    states = int(float(sys.argv[1]))
+    kill_after = float(sys.argv[2]) if len(sys.argv) > 2 else 15
+    start = time.perf_counter()
+    total, peak, killed = run(states, kill_after)
+    seconds = time.perf_counter() - start
+    alone = checksum_of_rows(0, states)
+    alone_seconds = time.perf_counter() - start - seconds
+    more = f"at most {peak:.0f} MB in a worker's Python, {killed} killed on the way"
+    sys.exit(not figures(states, seconds, total, alone, alone_seconds, more))
+
+
+if __name__ == "__main__":
+    main()
