@@ -17,11 +17,11 @@ nb::list diagrams() {
   nb::list all;
   for (std::size_t i = 0; i < steam::diagram_count; ++i) {
     const steam::DiagramInfo info = steam::info(static_cast<steam::Diagram>(i));
-    all.append(nb::make_tuple(info.letters,
-                              nb::make_tuple(static_cast<int>(info.x), info.x_logarithmic,
-                                             info.x_lowest, info.x_highest),
-                              nb::make_tuple(static_cast<int>(info.y), info.y_logarithmic,
-                                             info.y_lowest, info.y_highest)));
+    all.append(nb::make_tuple(
+        info.letters,
+        nb::make_tuple(static_cast<int>(info.x), info.x_logarithmic, info.x_lowest, info.x_highest),
+        nb::make_tuple(static_cast<int>(info.y), info.y_logarithmic, info.y_lowest,
+                       info.y_highest)));
   }
   return all;
 }
@@ -29,7 +29,8 @@ nb::list diagrams() {
 /// Takes the values over, so that an array shows them without a copy.
 Coordinates array_of(std::vector<double>&& values) {
   auto* const kept = new std::vector<double>(std::move(values));
-  const nb::capsule owner(kept, [](void* p) noexcept { delete static_cast<std::vector<double>*>(p); });
+  const nb::capsule owner(kept,
+                          [](void* p) noexcept { delete static_cast<std::vector<double>*>(p); });
   return {kept->data(), {kept->size()}, owner};
 }
 
