@@ -2,7 +2,8 @@
 # in their own way within any project and leave that project its own.
 
 # The same bits everywhere: no contraction, SSE2 on 32-bit x86 too, no fast-math, no -march.
-set(arithmetic -fno-fast-math -ffp-contract=off -fno-math-errno)
+# Vectors pass between functions of one file only, so that no caller can see how.
+set(arithmetic -Wno-psabi -fno-fast-math -ffp-contract=off -fno-math-errno)
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i.86)$" AND CMAKE_SIZEOF_VOID_P EQUAL 4)
   list(APPEND arithmetic -msse2 -mfpmath=sse)
 endif()

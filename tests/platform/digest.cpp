@@ -68,7 +68,7 @@ class Inputs {
   double between(double a, double b) { return a + (b - a) * share(); }
   template <std::size_t N>
   double one_of(const std::array<double, N>& values) {
-    return values[random_() % N];
+    return values[static_cast<std::size_t>(random_() % N)];
   }
   /// Next to a number, or the number itself.
   double beside(double x) {
