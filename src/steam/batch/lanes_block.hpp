@@ -194,9 +194,11 @@ class InCells : Answering<P, Num> {
     (patch_[row].region == Region::wet ? wet_ : this->left_).add(row);
   }
 
-  /// A wet state is found alone; but mostly the table tells that there is none.
+  /// A wet state is found alone; but where one phase is near the table may tell that there is none.
   void in_plane(std::size_t row) {
-    if (may_be_wet(P, place_[row], patch_[row], block_.first[row], block_.second[row])) {
+    const Place& here = place_[row];
+    if (here.patches.size() == 1 ||
+        may_be_wet(P, here, patch_[row], block_.first[row], block_.second[row])) {
       this->left_.add(row);
     } else {
       go_on(row);
