@@ -12,7 +12,8 @@ namespace {
 using steam::Region;
 
 double saturation(double t) {
-  return formulation::saturation_pressure<steam::SharedDivisions<>>(formulation::saturation_terms(t));
+  return formulation::saturation_pressure<steam::SharedDivisions<>>(
+      formulation::saturation_terms(t));
 }
 
 /// Point i of n from a to b, close together at both ends.

@@ -12,7 +12,8 @@ namespace {
 using Table = steam::SaturationLineTable;
 
 double saturation(double t) {
-  return formulation::saturation_pressure<steam::SharedDivisions<>>(formulation::saturation_terms(t));
+  return formulation::saturation_pressure<steam::SharedDivisions<>>(
+      formulation::saturation_terms(t));
 }
 
 double saturation_temperature_by_halving(double p) {

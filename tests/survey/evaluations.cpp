@@ -8,9 +8,10 @@ namespace {
 
 long of_subregions = 0, of_others = 0;
 
-void* const subregions[]{reinterpret_cast<void*>(&formulation::terms1<steam::SharedDivisions<>>),
-                         reinterpret_cast<void*>(&formulation::moments2<steam::SharedDivisions<>>),
-                         reinterpret_cast<void*>(&formulation::derivatives3<steam::SharedDivisions<>>)};
+void* const subregions[]{
+    reinterpret_cast<void*>(&formulation::terms1<steam::SharedDivisions<>>),
+    reinterpret_cast<void*>(&formulation::moments2<steam::SharedDivisions<>>),
+    reinterpret_cast<void*>(&formulation::derivatives3<steam::SharedDivisions<>>)};
 
 using Pressure = formulation::PressureSlope<double> (*)(const steam::Isotherm&, double);
 void* const others[]{reinterpret_cast<void*>(static_cast<Pressure>(&formulation::pressure<double>)),
