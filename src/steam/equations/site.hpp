@@ -48,13 +48,14 @@ using Variables = VariablesOf<double>;
 template <class Num>
 struct SiteOf {
   Region region = Region::none;
-  Num p = missing, t = missing, v = missing, x = missing;
   bool approximate = false;
+  /// In wet states that are known by another quantity than x: that one, in place of x.
+  Quantity given = Quantity::x;
+  Num p = missing, t = missing, v = missing, x = missing;
   /// In one phase: where the equation was evaluated last. From there a last step, so small that
   /// v, h and s follow it in a straight line, leads to the state.
   VariablesOf<Num> at{};
-  /// In wet states that are known by another quantity than x: that one, in place of x.
-  Quantity given = Quantity::x;
+  /// Of the quantity in place of x.
   Num value = missing;
   explicit operator bool() const { return region != Region::none; }
 };

@@ -27,7 +27,7 @@ template <Pair P, class Num>
 /// That state; its quality is left to whoever wants it.
 template <Pair P, class Num>
 [[gnu::always_inline]] inline SiteOf<Num> site_on_wet_line(Region region, Num p, Num t, Num b) {
-  return {.region = region, .p = p, .t = t, .given = known_of(P).second, .value = b};
+  return {.region = region, .given = known_of(P).second, .p = p, .t = t, .value = b};
 }
 
 /// Saturated states of a pressure or a temperature.
