@@ -11,7 +11,9 @@ endif()
 set(warnings "")
 if(PROJECT_IS_TOP_LEVEL)
   set(warnings -Wall -Wextra $<$<COMPILE_LANGUAGE:CXX>:-Wdouble-promotion>
-               "$<$<COMPILE_LANGUAGE:C,CXX>:-Wpedantic;-Wconversion;-Wshadow>")
+               "$<$<COMPILE_LANGUAGE:C,CXX>:-Wpedantic;-Wconversion;-Wshadow>"
+               # Formulas over a number type combine conditions as several rows at once have to.
+               $<$<COMPILE_LANG_AND_ID:CXX,Clang>:-Wno-bitwise-instead-of-logical>)
 endif()
 
 # Objects of a library: of what they define nothing is seen outside but what is marked.

@@ -39,15 +39,15 @@ int vek_steam_values_of_states(int pair, double first, double second, size_t cou
   }
   *states = 0;
   const HostEnvironment host;
-  const auto known = static_cast<Pair>(pair);
-  if (!in_range(known, first, second)) {
-    return static_cast<int>(refusal(known, first, second).reason);
+  const auto asked = static_cast<Pair>(pair);
+  if (!in_range(asked, first, second)) {
+    return static_cast<int>(refusal(asked, first, second).reason);
   }
-  const Solutions all = solve_all(known, first, second);
+  const Solutions all = solve_all(asked, first, second);
   *states = all.sites.size();
   const Wanted wanted(count, properties);
   for (std::size_t i = 0; i < std::min(capacity, *states); ++i) {
-    const Answer state(all.sites[i], *states > 1, known, first, second, wanted);
+    const Answer state(all.sites[i], *states > 1, asked, first, second, wanted);
     for (std::size_t k = 0; k < count; ++k) {
       out[i * count + k] = state[static_cast<Property>(properties[k])];
     }
