@@ -216,10 +216,11 @@ constexpr const PropertyRow& row_of(Property property) {
 }
 
 /// The property in a state of some kind, from a basis that has what it needs.
-inline double value_of(const PropertyRow& row, const Basis& basis, Exists kind) {
-  const double value = (row.exists & kind) != 0 ? row.of(basis) : missing;
-  return value == value ? value
-                        : missing;  // which sign a computed one has depends on the processor
+template <class Num>
+Num value_of(const PropertyRowOf<Num>& row, const BasisOf<Num>& basis, Exists kind) {
+  const Num value = (row.exists & kind) != 0 ? row.of(basis) : Num(missing);
+  // Which sign a computed one has depends on the processor.
+  return numbers::select(value == value, value, Num(missing));
 }
 
 }  // namespace steam

@@ -46,6 +46,11 @@ struct RowList {
   std::array<std::uint16_t, Block::most> row;
   std::size_t count = 0;
   void add(std::size_t number) { row[count++] = static_cast<std::uint16_t>(number); }
+  void add_all(std::size_t numbers) {
+    for (std::size_t number = 0; number < numbers; ++number) {
+      add(number);
+    }
+  }
 };
 
 /// Answers the rows of a block that are clear of all boundaries, several at once.

@@ -103,7 +103,7 @@ class Answering {
                          wanted.needs);
     for (std::size_t i = 0; i < wanted.count; ++i) {
       const auto& row = property_rows_of<Num>[static_cast<std::size_t>(wanted.properties[i])];
-      const Num value = (row.exists & kind) != 0 ? row.of(basis) : Num(missing);
+      const Num value = value_of(row, basis, kind);
       each_lane_of(found, [&](std::size_t lane) {
         block_.rows.write(block_.begin + group.row[lane], i, numbers::lane_of(value, lane));
       });
@@ -339,9 +339,7 @@ void answer_pair(const Block& block, RowList& left) {
   } else if constexpr (P == Pair::px || P == Pair::tx) {
     AtQuality<P, Num>(block, left).answer();
   } else {
-    for (std::size_t row = 0; row < block.count; ++row) {
-      left.add(row);
-    }
+    left.add_all(block.count);
   }
 }
 

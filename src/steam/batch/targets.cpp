@@ -47,9 +47,7 @@ void answer_block(const Block& block, RowList& left) {
     (*answers)[static_cast<std::size_t>(block.pair)](block, left);
     return;
   }
-  for (std::size_t row = 0; row < block.count; ++row) {
-    left.add(row);
-  }
+  left.add_all(block.count);
 }
 
 }  // namespace steam
