@@ -74,7 +74,7 @@ constexpr double margin = 0.08;
 /// The places that a value has in the cell that it is in and in those next to it.
 std::vector<steam::Coordinate> places(const steam::Axis& axis, double value) {
   std::vector<steam::Coordinate> all;
-  const int middle = axis(value).cell;
+  const auto middle = static_cast<int>(axis(value).cell);
   for (int cell = middle - 1; cell <= middle + 1; ++cell) {
     const double low = axis.lower_side(cell), high = axis.lower_side(cell + 1);
     const double place = 2 * (value - low) / (high - low) - 1;
@@ -92,8 +92,8 @@ void add_sample(PatchesByCell& cells, const Axes& axes, Region region, double fi
                 const std::vector<double>& values) {
   for (const auto& y : places(axes.second, second)) {
     for (const auto& x : places(axes.first, first)) {
-      const int number = y.cell * axes.first.cells + x.cell;
-      Patch& patch = cells[static_cast<std::size_t>(number)][region];
+      const auto number = static_cast<std::size_t>(y.cell * axes.first.cells + x.cell);
+      Patch& patch = cells[number][region];
       patch.points.push_back({x.place, y.place});
       patch.values.resize(values.size());
       for (std::size_t n = 0; n < values.size(); ++n) {

@@ -118,10 +118,13 @@ using MaskOf = typename Companions<Num>::Mask;
 template <class Num>
 constexpr int width_of = Companions<Num>::width;
 
-/// The double of a lane.
+/// The number of a lane.
 [[gnu::always_inline]] inline double lane_of(double x, std::size_t /*lane*/) { return x; }
-template <int n>
-[[gnu::always_inline]] inline double lane_of(Lanes<double, n> x, std::size_t lane) {
+[[gnu::always_inline]] inline std::int64_t lane_of(std::int64_t x, std::size_t /*lane*/) {
+  return x;
+}
+template <class T, int n>
+[[gnu::always_inline]] inline T lane_of(Lanes<T, n> x, std::size_t lane) {
   return x.v[lane];
 }
 
@@ -186,6 +189,26 @@ template <int n>
 template <int n>
 [[gnu::always_inline]] inline Lanes<double, n> from_bits(Lanes<std::int64_t, n> x) {
   return std::bit_cast<Lanes<double, n>>(x);
+}
+
+/// The whole number at or below x, 0 to 2^31; and that as a double.
+[[gnu::always_inline]] inline std::int64_t whole_below(double x) {
+  return static_cast<std::int32_t>(x);
+}
+[[gnu::always_inline]] inline double below(double x) {
+  return static_cast<double>(static_cast<std::int32_t>(x));
+}
+template <int n>
+[[gnu::always_inline]] inline Lanes<std::int64_t, n> whole_below(Lanes<double, n> x) {
+  using Short = typename Vector<std::int32_t, n>::Type;
+  using Long = typename Vector<std::int64_t, n>::Type;
+  return Lanes<std::int64_t, n>(__builtin_convertvector(__builtin_convertvector(x.v, Short), Long));
+}
+template <int n>
+[[gnu::always_inline]] inline Lanes<double, n> below(Lanes<double, n> x) {
+  using Short = typename Vector<std::int32_t, n>::Type;
+  using All = typename Vector<double, n>::Type;
+  return Lanes<double, n>(__builtin_convertvector(__builtin_convertvector(x.v, Short), All));
 }
 
 /// The bits moved down, and 0 above them.

@@ -35,16 +35,12 @@ struct Rows {
   }
 };
 
-/// Rows by what row(x) points to for the number in each lane.
+/// Rows by what row(x) points to for the whole number in each lane.
 template <class Element, class Num, class Row>
-[[gnu::always_inline]] inline Rows<Num, Element> rows_of(Num x, const Row& row) {
+[[gnu::always_inline]] inline Rows<Num, Element> rows_of(WholeOf<Num> x, const Row& row) {
   Rows<Num, Element> rows;
-  if constexpr (width_of<Num> == 1) {
-    rows.of[0] = row(x);
-  } else {
-    for (std::size_t lane = 0; lane < rows.of.size(); ++lane) {
-      rows.of[lane] = row(x.v[lane]);
-    }
+  for (std::size_t lane = 0; lane < rows.of.size(); ++lane) {
+    rows.of[lane] = row(lane_of(x, lane));
   }
   return rows;
 }

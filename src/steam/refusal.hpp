@@ -8,8 +8,9 @@ namespace steam {
 /// Range of a quantity over all states of the formulation; with a quality, over all wet ones.
 struct Range {
   double lowest, highest;
-  [[nodiscard]] constexpr bool has(double value) const {
-    return value >= lowest && value <= highest;
+  template <class Num>
+  [[nodiscard]] constexpr auto has(Num value) const {
+    return numbers::both(value >= lowest, value <= highest);
   }
 };
 
@@ -44,9 +45,10 @@ constexpr std::array<PairRange, pair_count> pair_ranges = [] {
 }();
 
 /// Whether each of the two values by itself may belong to a state.
-inline bool in_range(Pair pair, double first, double second) {
+template <class Num>
+numbers::MaskOf<Num> in_range(Pair pair, Num first, Num second) {
   const PairRange& range = pair_ranges[static_cast<std::size_t>(pair)];
-  return range.first.has(first) && range.second.has(second);
+  return numbers::both(range.first.has(first), range.second.has(second));
 }
 
 /// What to say when they are not in range.

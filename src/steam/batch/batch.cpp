@@ -12,12 +12,6 @@ namespace {
 /// The host's flag, which any of its threads may set.
 bool is_set(const int* flag) { return flag && __atomic_load_n(flag, __ATOMIC_RELAXED) != 0; }
 
-double value_at(const vek_steam_input& column, std::size_t row) {
-  double value;
-  std::memcpy(&value, place_in(column, row), sizeof value);
-  return value;
-}
-
 }  // namespace
 
 Batch::Batch(Pair pair, const Rows& rows, const Wanted& wanted, const vek_steam_options& options)
@@ -60,11 +54,7 @@ void Batch::evaluate_rows(std::size_t begin, std::size_t end) const {
 }
 
 void Batch::evaluate_block(std::size_t begin, std::size_t end) const {
-  Block block{pair_, wanted_, rows_, begin, end - begin, {}, {}};
-  for (std::size_t row = begin; row < end; ++row) {
-    block.first[row - begin] = value_at(rows_.first, row);
-    block.second[row - begin] = value_at(rows_.second, row);
-  }
+  const Block block(pair_, wanted_, rows_, begin, end - begin);
   RowList left;
   answer_block(block, left);
   for (std::size_t i = 0; i < left.count; ++i) {

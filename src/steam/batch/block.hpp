@@ -32,13 +32,30 @@ struct Rows {
 };
 
 /// Some rows of a batch that are answered together: their values, read before anything is written.
-struct Block {
+class Block {
+ public:
   static constexpr std::size_t most = 512;
-  Pair pair;
+  Block(Pair its_pair, const Wanted& what, const Rows& all, std::size_t from, std::size_t number)
+      : pair(its_pair), wanted(what), rows(all), begin(from), count(number) {
+    read(all.first, first);
+    read(all.second, second);
+  }
+
+  const Pair pair;
   const Wanted& wanted;
   const Rows& rows;
-  std::size_t begin, count;
-  std::array<double, most> first, second;
+  const std::size_t begin, count;
+  std::array<double, most> first, second;  ///< the last one again up to the next multiple of 8
+
+ private:
+  void read(const vek_steam_input& column, std::array<double, most>& values) const {
+    for (std::size_t row = 0; row < count; ++row) {
+      std::memcpy(&values[row], place_in(column, begin + row), sizeof values[row]);
+    }
+    for (std::size_t row = count; row % 8 != 0; ++row) {
+      values[row] = values[count - 1];
+    }
+  }
 };
 
 /// Rows of a block by their number in it.

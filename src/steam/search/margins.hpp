@@ -209,6 +209,13 @@ MaskOf<Num> is_wet_inside(Num t, Num x, Overlap overlap) {
   return (t > t_lowest + t_doubt) & ((clear & inside) | ((!clear) & (t < t_merging) & is_amid(x)));
 }
 
+/// Of a state up to 350 °C of two values that are neither pressure nor temperature, whether no
+/// other can count before it.
+template <class Num>
+MaskOf<Num> is_clear_wet(Num t, Num x, Overlap overlap) {
+  return is_wet_inside(t, x, overlap) & (t < t_350 - overlap.kelvins);
+}
+
 /// A wet state of two values that are neither pressure nor temperature.
 inline Sure of_wet(double t, double x, Overlap overlap) {
   if (!is_wet_inside(t, x, overlap)) {

@@ -62,7 +62,7 @@ Quick in_cell(double a, double b, Basis& basis) {
 template <Parts parts>
 Quick at_p_and_t(double p, double t, Basis& basis) {
   Quick quick;
-  if (clear_region(p, t) == Region::dense_steam) {
+  if (clear_region(p, t).dense) {
     quick = in_cell<Pair::pt, parts>(p, t, basis);
   }
   if (!quick.is_first) {
@@ -100,20 +100,6 @@ template <Parts parts>
 constexpr std::array<Search, pair_count> searches =
     searches_of<parts>(std::make_index_sequence<pair_count>{});
 
-using MayBeWet = bool (*)(Region, double, double, double);
-template <std::size_t... pair>
-constexpr std::array<MayBeWet, pair_count> wet_checks_of(std::index_sequence<pair...>) {
-  return {[]() -> MayBeWet {
-    constexpr auto P = static_cast<Pair>(pair);
-    if constexpr (is_line(P) || known_of(P).second == Quantity::x) {
-      return nullptr;
-    } else {
-      return &wet::may_be_in<P>;
-    }
-  }()...};
-}
-constexpr auto wet_checks = wet_checks_of(std::make_index_sequence<pair_count>{});
-
 }  // namespace
 
 Quick quick_search(Pair pair, double first, double second, Parts wanted, Basis& basis) {
@@ -125,10 +111,6 @@ Quick quick_search(Pair pair, double first, double second, Parts wanted, Basis& 
     return searches<h_and_s>[i](first, second, basis);
   }
   return searches<first_order>[i](first, second, basis);
-}
-
-bool may_be_wet(Pair pair, const Place& here, const Patch& patch, double a, double b) {
-  return wet_checks[static_cast<std::size_t>(pair)](patch.region, a, b, here(patch, 0));
 }
 
 }  // namespace steam

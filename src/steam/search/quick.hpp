@@ -20,8 +20,4 @@ struct Quick {
 /// @param wanted  parts of the basis that had better come along
 Quick quick_search(Pair pair, double first, double second, Parts wanted, Basis& basis);
 
-/// Whether the table has a wet state of two values that are neither pressure nor temperature; if
-/// not, the quick search finds none.
-bool may_be_wet(Pair pair, const Place& here, const Patch& patch, double a, double b);
-
 }  // namespace steam

@@ -71,21 +71,15 @@ Quick wet_on_line(double a, double b) {
 
 namespace wet {
 
-/// Whether the table has a state of the pair in a band; if not, there is none.
-template <Pair P>
-bool may_be_in(Region region, double a, double b, double t_start) {
-  constexpr Known k = known_of(P);
-  const SaturatedBand& band = region == Region::wet ? saturated_to_350 : saturated_above_350;
-  return tabulated<k.first, k.second>(band, a, b, t_start).promising;
-}
-
 /// The wet state of one band of the table, of region none when it does not converge.
 template <Pair P>
 Site in_band(Region region, double a, double b, double t_start) {
   constexpr Known k = known_of(P);
-  return region == Region::wet
-             ? wet_search<k.first, k.second, LowSaturation>(a, b, t_start, region)
-             : wet_search<k.first, k.second, HighSaturation>(a, b, t_start, region);
+  const auto [is_found, p, t, x] =
+      region == Region::wet
+          ? wet_search<k.first, k.second, LowSaturation>(saturated_to_350, a, b, t_start)
+          : wet_search<k.first, k.second, HighSaturation>(saturated_above_350, a, b, t_start);
+  return is_found ? Site{.region = region, .p = p, .t = t, .x = x} : Site{};
 }
 
 /// Whether the other band has a state of the pair, first by its table.
@@ -93,7 +87,7 @@ template <Pair P>
 margins::Presence other_band(Region across, double a, double b, double t_start, Site& site) {
   constexpr Known k = known_of(P);
   const SaturatedBand& band = across == Region::wet ? saturated_to_350 : saturated_above_350;
-  const Start start = tabulated<k.first, k.second>(band, a, b, t_start);
+  const StartOf<double> start = tabulated<k.first, k.second>(band, a, b, t_start);
   constexpr double beyond = 0.01;  // K
   const double past = across == Region::wet ? start.t - t_350 : t_350 - start.t;
   if (past > beyond && margins::is_amid(start.x)) {

@@ -7,27 +7,29 @@
 namespace steam {
 
 /// The saturated states of one temperature, to 350 °C.
-class LowSaturation {
+template <class Num>
+class LowSaturationOf {
  public:
-  LowSaturation(double t, double p)
+  LowSaturationOf(Num t, Num p)
       : p_(p), t_(t), water_(Water::terms(p, t)), steam_(Steam::terms(p, t)) {}
   template <Quantity Q>
-  [[nodiscard]] Ends ends() const {
+  [[nodiscard]] EndsOf<Num> ends() const {
     return {value_of<Water, Q>(water_, p_, t_), value_of<Steam, Q>(steam_, p_, t_)};
   }
   /// @param p_over_t  slope of the saturation line, bar/K
   template <Quantity Q>
-  [[nodiscard]] SlopedEnds sloped_ends(double p_over_t) const {
-    const Sloped l = sloped<Water, Q>(water_, p_, t_);
-    const Sloped v = sloped<Steam, Q>(steam_, p_, t_);
+  [[nodiscard]] SlopedEndsOf<Num> sloped_ends(Num p_over_t) const {
+    const SlopedOf<Num> l = sloped<Water, Q>(water_, p_, t_);
+    const SlopedOf<Num> v = sloped<Steam, Q>(steam_, p_, t_);
     return {{l.value, v.value}, {l.over_1 * p_over_t + l.over_t, v.over_1 * p_over_t + v.over_t}};
   }
 
  private:
-  double p_, t_;
-  Terms1 water_;
-  Terms2 steam_;
+  Num p_, t_;
+  Terms1Of<Num> water_;
+  Terms2Of<Num> steam_;
 };
+using LowSaturation = LowSaturationOf<double>;
 
 /// The same above 350 °C, on the equation of subregion 3.
 class HighSaturation {

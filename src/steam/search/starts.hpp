@@ -28,22 +28,30 @@ Num from_polynomial(Region region, Num value) {
 
 }  // namespace starts
 
-/// The region of a pressure and a temperature that no search is needed to tell: water, steam, or in
-/// subregion 3 dense steam for one of its regions, whose volume the chart starts; else none.
-inline Region clear_region(double p, double t) {
-  if (t > t_line_end) {
-    return Region::steam;
-  }
-  if (t > t_350) {
+/// Whether a pressure and a temperature are where no search is needed to tell the subregion; in 3
+/// the chart starts their volume.
+template <class Num>
+struct ClearRegion {
+  MaskOf<Num> water = false, steam = false, dense = false;
+};
+template <class Num>
+ClearRegion<Num> clear_region(Num p, Num t) {
+  ClearRegion<Num> clear;
+  clear.steam = t > t_line_end;
+  const auto cool = t <= t_350;
+  const MaskOf<Num> warm = !(clear.steam | cool);
+  if (numbers::any(warm)) {
     constexpr double beside_critical = 2;  // K
-    return p < line_pressure(t)                         ? Region::steam
-           : std::abs(t - t_critical) > beside_critical ? Region::dense_steam
-                                                        : Region::none;
+    const auto below = p < line_pressure<SharedDivisions<Num>>(t);
+    clear.steam |= warm & below;
+    clear.dense = warm & !below & (numbers::abs(t - t_critical) > beside_critical);
   }
-  const double about = tabulated_saturation_pressure(t);
-  return p > about * (1 + table_doubt)   ? Region::water
-         : p < about * (1 - table_doubt) ? Region::steam
-                                         : Region::none;
+  if (numbers::any(cool)) {
+    const Num about = tabulated_saturation_pressure(t);
+    clear.water = cool & (p > about * (1 + table_doubt));
+    clear.steam |= cool & (p < about * (1 - table_doubt));
+  }
+  return clear;
 }
 
 /// The subregions that reach into a cell in the order in which they are tried. For two caloric

@@ -10,145 +10,188 @@ namespace steam {
 namespace wet {
 
 /// Mixed second property less b, when the first property is a, and the quality of that.
-struct Excess {
-  double value, x;
+template <class Num>
+struct ExcessOf {
+  Num value, x;
 };
-inline Excess excess(const Ends& first, const Ends& second, double a, double b) {
-  const double x = first.quality(a);
+template <class Num>
+[[gnu::always_inline]] inline ExcessOf<Num> excess(const EndsOf<Num>& first,
+                                                   const EndsOf<Num>& second, Num a, Num b) {
+  const Num x = first.quality(a);
   return {second.mixed(x) - b, x};
 }
 
 /// Slopes along the saturation line while the quality keeps the first property at a.
-struct Slopes {
-  double excess, x;
+template <class Num>
+struct SlopesOf {
+  Num excess, x;
 };
-inline Slopes slopes(const SlopedEnds& first, const SlopedEnds& second, double x) {
-  const double x_slope = -first.slope.mixed(x) / (first.value.vapour - first.value.liquid);
+template <class Num>
+[[gnu::always_inline]] inline SlopesOf<Num> slopes(const SlopedEndsOf<Num>& first,
+                                                   const SlopedEndsOf<Num>& second, Num x) {
+  const Num x_slope = -first.slope.mixed(x) / (first.value.vapour - first.value.liquid);
   return {second.slope.mixed(x) + x_slope * (second.value.vapour - second.value.liquid), x_slope};
 }
 
 /// What the table of saturated states says: temperature and quality, and the slopes over the
 /// temperature.
-struct Start {
-  bool promising = false;
-  double t = missing, x = missing;
-  Slopes slopes{};
+template <class Num>
+struct StartOf {
+  MaskOf<Num> promising = false;
+  Num t = missing, x = missing;
+  SlopesOf<Num> slopes{0, 0};
 };
 
 /// So close to the critical point the table and its slopes are rough.
 constexpr double t_tabulated = t_critical - 0.1;
 
 /// Whether the table's solution may belong to the wet region of the band.
-inline bool is_promising(const SaturatedBand& band, double r, double x) {
-  const bool rough = r * r < t_critical - t_tabulated;
-  const double doubt_x = rough ? 0.01 : 1e-5;
+template <class Num>
+[[gnu::always_inline]] inline MaskOf<Num> is_promising(const SaturatedBand& band, Num r, Num x) {
+  const auto is_rough = r * r < t_critical - t_tabulated;
+  const Num doubt_x = numbers::select(is_rough, Num(0.01), Num(1e-5));
   constexpr double doubt_r = 1e-4;
   const double r_end = band.origin + band.cells / band.scale;
-  return std::abs(x - 0.5) < 0.5 + doubt_x && r > band.origin - doubt_r && r < r_end + doubt_r;
+  return (numbers::abs(x - 0.5) < 0.5 + doubt_x) & (r > band.origin - doubt_r) &
+         (r < r_end + doubt_r);
 }
 
 /// The solution on the table, by Newton's iteration over the table's variable.
-template <Quantity A, Quantity B>
-Start tabulated(const SaturatedBand& band, double a, double b, double t) {
+template <Quantity A, Quantity B, class Num>
+StartOf<Num> tabulated(const SaturatedBand& band, Num a, Num b, Num t) {
   // Beyond 350 °C by what overlaps need.
   constexpr double beyond_band = 0.3;
   const double r_least = std::fmax(band.origin - beyond_band, 0.01);
   const double r_most = band.origin + band.cells / band.scale + beyond_band;
-  double r = root_of(t);
+  StartOf<Num> start;
+  Num r = root_of(t);
+  MaskOf<Num> open = true;
   constexpr int most_steps = 10;
   for (int n = 0; n < most_steps; ++n) {
-    const TabulatedSaturation saturation(band, r);
-    const SlopedEnds first = saturation.sloped_ends<A>();
-    const SlopedEnds second = saturation.sloped_ends<B>();
-    const Excess e = excess(first.value, second.value, a, b);
+    const TabulatedSaturationOf<Num> saturation(band, r);
+    const SlopedEndsOf<Num> first = saturation.template sloped_ends<A>();
+    const SlopedEndsOf<Num> second = saturation.template sloped_ends<B>();
+    const ExcessOf<Num> e = excess(first.value, second.value, a, b);
     // After two steps a wet state is close.
     const double beyond = n < 2 ? 1 : 0.01;
-    if (!(std::abs(e.x - 0.5) < 0.5 + beyond)) {
-      return {};
+    open &= numbers::abs(e.x - 0.5) < 0.5 + beyond;
+    if (!numbers::any(open)) {
+      return start;
     }
-    const Slopes over_r = slopes(first, second, e.x);
-    const double step = -e.value / over_r.excess;
-    const double next = std::fmin(std::fmax(r + step, r_least), r_most);
+    const SlopesOf<Num> over_r = slopes(first, second, e.x);
+    const Num step = -e.value / over_r.excess;
+    const Num next = numbers::smaller(Num(r_most), numbers::larger(Num(r_least), r + step));
     constexpr double enough = 1e-5;  // the next step is as exact as the table
-    if (std::abs(step) <= enough) {
-      const double over_t = -0.5 / r;
-      const double x = e.x + over_r.x * step;
-      return {is_promising(band, next, x),
-              temperature_of(next),
-              x,
-              {over_r.excess * over_t, over_r.x * over_t}};
+    const MaskOf<Num> ends = open & (numbers::abs(step) <= enough);
+    if (numbers::any(ends)) {
+      const auto take = [&ends](Num & to, Num from) __attribute__((always_inline)) {
+        to = numbers::select(ends, from, to);
+      };
+      const Num over_t = -0.5 / r;
+      const Num x = e.x + over_r.x * step;
+      start.promising |= ends & is_promising(band, next, x);
+      take(start.t, temperature_of(next));
+      take(start.x, x);
+      take(start.slopes.excess, over_r.excess * over_t);
+      take(start.slopes.x, over_r.x * over_t);
     }
-    if (next == r) {
-      break;
+    open &= (!ends) & !(next == r);
+    if (!numbers::any(open)) {
+      return start;
     }
     r = next;
   }
-  return {};
+  return start;
 }
 
 /// One evaluation of the iteration.
-struct Step {
-  double value, x, step;
+template <class Num>
+struct StepOf {
+  Num value, x, step;
 };
 
 /// The slope from the last two evaluations, unless they are too close together.
-inline double improved(double slope, Step last, double value) {
+template <class Num>
+[[gnu::always_inline]] inline Num improved(Num slope, StepOf<Num> last, Num value) {
   constexpr double least_secant = 1e-5;  // K
-  return std::abs(last.step) > least_secant && std::isfinite(last.step)
-             ? (value - last.value) / last.step
-             : slope;
+  const Num size = numbers::abs(last.step);
+  return numbers::select((size > least_secant) & (size < HUGE_VAL),
+                         (value - last.value) / last.step, slope);
 }
 
 /// Steps after which the next one would be below the rounding: the table's slopes are good to 1e-6,
 /// and to 1e-3 next to the critical point.
-inline double small_step(double t) { return t < t_tabulated ? 1e-6 : 2e-10; }
+template <class Num>
+Num small_step(Num t) {
+  return numbers::select(t < t_tabulated, Num(1e-6), Num(2e-10));
+}
 
 /// Saturation pressure at t, after a step that mostly is so small that the line is straight.
-inline double pressure_after(SaturationPressure line, double step, double t) {
+template <class Num>
+Num pressure_after(SaturationPressureOf<Num> line, Num step, Num t) {
   constexpr double straight = 1e-6;  // K
-  return std::abs(step) <= straight ? line.p + line.over_t * step : saturation_pressure(t);
+  const auto is_straight = numbers::abs(step) <= straight;
+  const Num along = line.p + line.over_t * step;
+  return numbers::all(is_straight) ? along
+                                   : numbers::select(is_straight, along, saturation_pressure(t));
 }
 
 }  // namespace wet
+
+/// What a search for wet states has found.
+template <class Num>
+struct WetFoundOf {
+  MaskOf<Num> is_found = false;
+  Num p = missing, t = missing, x = missing;
+};
 
 /// Wet state of two properties that both depend on temperature and quality: an iteration in the
 /// saturation temperature, in which the first property gives the quality. It starts from the
 /// solution on the table of saturated states; the equations give the excess, the table the slope.
 /// @tparam Saturation  LowSaturation or HighSaturation
 /// @param  t           first value
-/// @return             a site of region none when it does not converge near 0 <= x <= 1
-template <Quantity A, Quantity B, class Saturation>
-Site wet_search(double a, double b, double t, Region region) {
-  const SaturatedBand& band = region == Region::wet ? saturated_to_350 : saturated_above_350;
-  const wet::Start start = wet::tabulated<A, B>(band, a, b, t);
-  if (!start.promising) {
-    return {};
+/// @return             none when it does not converge near 0 <= x <= 1
+template <Quantity A, Quantity B, class Saturation, class Num>
+WetFoundOf<Num> wet_search(const SaturatedBand& band, Num a, Num b, Num t) {
+  const wet::StartOf<Num> start = wet::tabulated<A, B>(band, a, b, t);
+  WetFoundOf<Num> found;
+  MaskOf<Num> open = start.promising;
+  if (!numbers::any(open)) {
+    return found;
   }
   t = start.t;
-  double slope = start.slopes.excess;
-  wet::Step last{0, 0, HUGE_VAL};
+  Num slope = start.slopes.excess;
+  wet::StepOf<Num> last{0, 0, HUGE_VAL};
   constexpr int most_steps = 12;
   for (int n = 0; n < most_steps; ++n) {
-    const SaturationPressure line = sloped_saturation_pressure(t);
+    const SaturationPressureOf<Num> line = sloped_saturation_pressure(t);
     const Saturation saturation(t, line.p);
     const auto [value, x] =
         wet::excess(saturation.template ends<A>(), saturation.template ends<B>(), a, b);
     slope = wet::improved(slope, last, value);
     constexpr double widest_step = 1;  // K
-    last = {value, x, std::fmin(std::fmax(-value / slope, -widest_step), widest_step)};
-    if (!(std::abs(x - 0.5) < 1)) {
-      return {};
-    }
-    t = std::fmin(t + last.step, t_critical - 1e-4);
+    last = {value, x,
+            numbers::smaller(Num(widest_step), numbers::larger(Num(-widest_step), -value / slope))};
+    open &= numbers::abs(x - 0.5) < 1;
+    t = numbers::smaller(Num(t_critical - 1e-4), t + last.step);
     // Where the excess hardly depends on the temperature its rounding ends the iteration.
-    if (std::abs(last.step) <= wet::small_step(t) || std::abs(value) <= rounding(B, b)) {
-      return {.region = region,
-              .p = wet::pressure_after(line, last.step, t),
-              .t = t,
-              .x = x + start.slopes.x * last.step};
+    const MaskOf<Num> ends = open & ((numbers::abs(last.step) <= wet::small_step(t)) |
+                                     (numbers::abs(value) <= rounding(B, b)));
+    if (numbers::any(ends)) {
+      const auto take = [&ends](Num & to, Num from) __attribute__((always_inline)) {
+        to = numbers::select(ends, from, to);
+      };
+      found.is_found |= ends;
+      take(found.p, wet::pressure_after(line, last.step, t));
+      take(found.t, t);
+      take(found.x, x + start.slopes.x * last.step);
+    }
+    open &= !ends;
+    if (!numbers::any(open)) {
+      break;
     }
   }
-  return {};
+  return found;
 }
 
 }  // namespace steam

@@ -3,13 +3,17 @@
 #include <bit>
 #include <cstdint>
 
+#include "numbers/lanes.hpp"
+
 namespace steam {
 
 /// A place on one axis: the cell, and from -1 to 1 the place in it.
-struct Coordinate {
-  int cell;
-  double place;
+template <class Num>
+struct CoordinateOf {
+  numbers::WholeOf<Num> cell;
+  Num place;
 };
+using Coordinate = CoordinateOf<double>;
 
 /// One axis of a table. Volumes and pressures of many decades are divided by octaves: every factor
 /// of two has the same number of equal cells, so that a number's leading bits are its cell and the
@@ -21,15 +25,26 @@ struct Axis {
   double origin, scale;
 
   /// @return  a cell outside 0 … cells - 1 for values outside the axis and what is no number
-  [[nodiscard, gnu::always_inline]] Coordinate operator()(double value) const {
+  template <class Num>
+  [[nodiscard, gnu::always_inline]] CoordinateOf<Num> operator()(Num value) const {
+    using Whole = numbers::WholeOf<Num>;
     if (shift > 0) {
-      const auto bits = std::bit_cast<std::int64_t>(value);
-      const std::int64_t cell = (bits >> shift) - first;
-      return {static_cast<int>(cell), place_of(bits & ((std::int64_t{1} << shift) - 1))};
+      const Whole bits = numbers::bits_of(value);
+      const Whole rest = bits & Whole((std::int64_t{1} << shift) - 1);
+      const Whole one = numbers::bits_of(Num(1));
+      const Num beyond_1 = numbers::from_bits(Whole(rest << (52 - shift)) | one);  // below 2
+      return {numbers::shifted_right(bits, shift) - Whole(first), 2 * beyond_1 - 3};
     }
-    const double i = (value - origin) * scale;
-    const int cell = i >= 0 && i < cells ? static_cast<int>(i) : -1;
-    return {cell, 2 * (i - cell) - 1};
+    const Num i = (value - origin) * scale;
+    const auto inside = numbers::both(i >= 0, i < cells);
+    const Num on = numbers::select(inside, i, Num(0));
+    return {numbers::select(inside, numbers::whole_below(on), Whole(-1)),
+            2 * (on - numbers::below(on)) - 1};
+  }
+
+  template <class Whole>
+  [[nodiscard, gnu::always_inline]] auto has(Whole cell) const {
+    return numbers::both(cell >= Whole(0), cell < Whole(cells));
   }
 
   /// The value at the lower side of a cell.
@@ -40,10 +55,6 @@ struct Axis {
  private:
   [[nodiscard]] double side(std::int64_t cell) const {
     return std::bit_cast<double>(cell << shift);
-  }
-  [[nodiscard]] double place_of(std::int64_t rest) const {
-    const double unit = std::bit_cast<double>(std::int64_t{1024 - shift} << 52);  // 2^(1 - shift)
-    return static_cast<double>(rest) * unit - 1;
   }
 };
 

@@ -39,6 +39,7 @@ class Patches {
   static constexpr std::size_t most = 4;
 
   Patches() = default;
+  /// @param unknowns  those of the chart
   Patches(std::uint32_t cell, std::uint32_t unknowns) : cell_(cell), unknowns_(unknowns) {}
 
   class Iterator {
@@ -81,6 +82,13 @@ struct Chart {
   Axes axes;
   std::uint32_t unknowns;
   const float* words;  // the cells, row by row, and the polynomials
+
+  [[nodiscard]] std::uint32_t word(std::int64_t cell) const {
+    return std::bit_cast<std::uint32_t>(words[cell]);
+  }
+  [[nodiscard]] const float* polynomials() const {
+    return words + axes.first.cells * axes.second.cells;
+  }
 };
 
 // The words of each chart, from its data file. The names are the assembler's, since platforms
@@ -153,20 +161,27 @@ struct Place {
   }
 };
 
+/// The cell of two values, and the place in it, -1 to 1.
+template <class Num>
+struct CellOf {
+  numbers::WholeOf<Num> number;
+  Num x, y;
+  numbers::MaskOf<Num> is_on;  ///< else the values are outside the chart
+};
+template <class Num>
+[[gnu::always_inline]] inline CellOf<Num> cell_of(const Axes& axes, Num first, Num second) {
+  const auto x = axes.first(first), y = axes.second(second);
+  return {y.cell * numbers::WholeOf<Num>(axes.first.cells) + x.cell, x.place, y.place,
+          numbers::both(axes.first.has(x.cell), axes.second.has(y.cell))};
+}
+
 /// No patches outside the chart and in cells without states.
 [[gnu::always_inline]] inline Place place(const Chart& chart, double first, double second) {
-  const auto& [axis_x, axis_y] = chart.axes;
-  const Coordinate x = axis_x(first);
-  const Coordinate y = axis_y(second);
-  const auto is_on = [](const Axis& axis, int cell) {
-    return static_cast<unsigned>(cell) < static_cast<unsigned>(axis.cells);
-  };
-  if (!is_on(axis_x, x.cell) || !is_on(axis_y, y.cell)) {
+  const CellOf<double> cell = cell_of(chart.axes, first, second);
+  if (!cell.is_on) {
     return {};
   }
-  const auto cell = std::bit_cast<std::uint32_t>(chart.words[y.cell * axis_x.cells + x.cell]);
-  const int cells = axis_x.cells * axis_y.cells;
-  return {{cell, chart.unknowns}, chart.words + cells, x.place, y.place};
+  return {{chart.word(cell.number), chart.unknowns}, chart.polynomials(), cell.x, cell.y};
 }
 
 }  // namespace steam

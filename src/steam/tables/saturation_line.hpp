@@ -11,39 +11,39 @@ namespace steam {
 
 using numbers::MaskOf;
 
-struct SaturationPressure {
-  double p, over_t;  // bar, bar/K
+template <class Num>
+struct SaturationPressureOf {
+  Num p, over_t;  // bar, bar/K
 };
+using SaturationPressure = SaturationPressureOf<double>;
 
 template <class Num>
 Num saturation_pressure(Num t) {
   return formulation::saturation_pressure<SharedDivisions<Num>>(formulation::saturation_terms(t));
 }
 
-inline SaturationPressure sloped_saturation_pressure(double t) {
+template <class Num>
+SaturationPressureOf<Num> sloped_saturation_pressure(Num t) {
   const auto terms = formulation::saturation_terms(t);
-  const double p = formulation::saturation_pressure<SharedDivisions<>>(terms);
+  const Num p = formulation::saturation_pressure<SharedDivisions<Num>>(terms);
   return {p, p * formulation::saturation_log_slope(terms)};
 }
 
-/// The cell of a place on an axis in cells from 0 on, the first or the last one beyond its ends.
+/// The place on an axis that counts cells from 0 on, in the first or the last one beyond its ends.
 template <class Num>
-[[gnu::always_inline]] inline Num cell_below(Num place, int cells) {
-  return numbers::each_lane(place, [cells](double i) {
-    return static_cast<double>(i > 0 ? (i < cells ? static_cast<int>(i) : cells - 1) : 0);
-  });
+[[gnu::always_inline]] inline CoordinateOf<Num> in_cells(Num i, int cells) {
+  const Num within = numbers::smaller(numbers::larger(Num(0), i), Num(cells - 1));
+  return {numbers::whole_below(within), 2 * (i - numbers::below(within)) - 1};
 }
 
 /// Saturation pressure from the table, to a few 1e-5.
 template <class Num>
 [[gnu::always_inline]] inline Num tabulated_saturation_pressure(Num t) {
   constexpr Axis axis = SaturationLineTable::t;
-  const Num i = (t - axis.origin) * axis.scale;
-  const Num cell = cell_below(i, axis.cells);
-  const auto row = numbers::rows_of<double>(cell, [](double number) {
-    return saturation_line_table.root_of_p[static_cast<int>(number)].data();
-  });
-  const Num root = SharedDivisions<Num>::polynomial(row.template first<4>(), 2 * (i - cell) - 1);
+  const auto [cell, place] = in_cells((t - axis.origin) * axis.scale, axis.cells);
+  const auto row = numbers::rows_of<double, Num>(
+      cell, [](auto number) { return saturation_line_table.root_of_p[number].data(); });
+  const Num root = SharedDivisions<Num>::polynomial(row.template first<4>(), place);
   const Num square = root * root;
   return square * square;
 }
@@ -60,14 +60,13 @@ inline bool above_saturation(double p, double t) {
 }
 
 /// Saturation temperature from the table, °C.
-/// @param p  pressure, bar [0.0061, 221.2]
+/// @param p  pressure, bar [0.0061, 221.2]; beyond that, as a lane may be, the value means nothing
 template <class Num>
 [[gnu::always_inline]] inline Num tabulated_saturation_temperature(Num p) {
-  const auto row = numbers::rows_of<double>(p, [](double of_p) {
-    return saturation_line_table.temperature[SaturationLineTable::p(of_p).cell].data();
-  });
-  const Num place =
-      numbers::each_lane(p, [](double of_p) { return SaturationLineTable::p(of_p).place; });
+  const Num tabulated = numbers::smaller(Num(p_critical), numbers::larger(Num(p_lowest), p));
+  const auto [cell, place] = SaturationLineTable::p(tabulated);
+  const auto row = numbers::rows_of<double, Num>(
+      cell, [](auto number) { return saturation_line_table.temperature[number].data(); });
   return SharedDivisions<Num>::polynomial(row.template first<10>(), place);
 }
 

@@ -104,12 +104,11 @@ class TabulatedSaturationOf {
   };
 
   TabulatedSaturationOf(const Bands& bands, Num r) : cells_(bands.cells) {
-    const Num i = (r - bands.origin) * bands.scale;
-    const Num number = cell_below(i, saturated_cells);
+    const auto [cell, place] = in_cells((r - bands.origin) * bands.scale, saturated_cells);
     for (std::size_t lane = 0; lane < cells_.size(); ++lane) {
-      cells_[lane] += static_cast<int>(numbers::lane_of(number, lane));
+      cells_[lane] += numbers::lane_of(cell, lane);
     }
-    z_ = 2 * (i - number) - 1;
+    z_ = place;
     over_r_ = 2 * bands.scale;
   }
 
