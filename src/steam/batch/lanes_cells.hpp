@@ -140,11 +140,26 @@ class InCells : Answering<P, Num> {
   }
 
   template <class Equation>
+  ConvergedOf<Num> converged_with(bool parts, Num a, Num b, VariablesOf<Num> first) {
+    if constexpr (Equation::by_pressure) {
+      if (parts) {
+        return converged<P, Equation, first_order>(a, b, first, this->one_phase_);
+      }
+    }
+    return converged<P, Equation, nothing>(a, b, first, this->one_phase_);
+  }
+
+  template <class Equation>
   void search(Region region, const Group<Num>& group) {
     const Num a = group.of(block_.first), b = group.of(block_.second);
     const VariablesOf<Num> first = start(region, group);
     const MaskOf<Num> believed = is_believed(region, group, first, a, b);
-    const auto end = converged<P, Equation, nothing>(a, b, first, this->one_phase_);
+    // In 1 and 2 with what is wanted, so that the equation need not be evaluated once more. In 3
+    // the steps need far less of it than that, and a row in a lane often takes one more than it
+    // needs.
+    const Parts& wanted = block_.wanted.needs.parts;
+    const bool at_once = Equation::by_pressure && (wanted.v || wanted.h || wanted.s);
+    const auto end = converged_with<Equation>(at_once, a, b, first);
     const auto depth =
         margins::depth_of<Equation>(region, end.p, end.end.z, end.end.t, overlap_of(P));
     const MaskOf<Num> here = believed & end.ended & depth.inside;
@@ -155,7 +170,8 @@ class InCells : Answering<P, Num> {
       SiteOf<Num> site = Equation::by_pressure ? at_pressure(region, end.end.z, end.end.t)
                                                : at_volume(region, end.p, end.end.z, end.end.t);
       site.at = end.at;
-      this->template write_one_phase<Equation>(group, found, site, with_own<Equation>(nothing));
+      this->template write_one_phase<Equation>(group, found, site,
+                                               with_own<Equation>(at_once ? first_order : nothing));
     }
   }
 

@@ -67,7 +67,7 @@ ConvergedOf<Num> converged(Num a, Num b, VariablesOf<Num> start, BasisOf<Num>& b
   while (++result.evaluations <= newton::most_steps) {
     const auto terms = Equation::terms(x.z, x.t);
     const newton::System<Num> system = Solver::system(terms, x, a, b);
-    const VariablesOf<Num> step = Solver::step(system);
+    const VariablesOf<Num> step = Solver::step(system, x);
     const Num size = newton::relative_size<Equation>(step, x);
     MaskOf<Num> ends = size <= Equation::small_step;
     if (result.evaluations > 1) {
@@ -84,7 +84,7 @@ ConvergedOf<Num> converged(Num a, Num b, VariablesOf<Num> start, BasisOf<Num>& b
     if (!numbers::any(open)) {
       break;
     }
-    const VariablesOf<Num> next = newton::limited(step, x);
+    const VariablesOf<Num> next = Solver::limited(step, x);
     x = {x.z + next.z, x.t + next.t};
   }
   return result;

@@ -41,10 +41,10 @@ ClearRegion<Num> clear_region(Num p, Num t) {
   const auto cool = t <= t_350;
   const MaskOf<Num> warm = !(clear.steam | cool);
   if (numbers::any(warm)) {
-    constexpr double beside_critical = 2;  // K
+    const auto beside_critical = numbers::abs(t - t_critical) <= 2;
     const auto below = p < line_pressure<SharedDivisions<Num>>(t);
     clear.steam |= warm & below;
-    clear.dense = warm & !below & (numbers::abs(t - t_critical) > beside_critical);
+    clear.dense = warm & !(below | beside_critical);
   }
   if (numbers::any(cool)) {
     const Num about = tabulated_saturation_pressure(t);
