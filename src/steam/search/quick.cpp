@@ -45,17 +45,13 @@ Quick in_patch_of(const Place& here, const Patch& patch, double a, double b, Bas
 template <Pair P, Parts parts>
 Quick in_cell(double a, double b, Basis& basis) {
   const Place here = place(charts[static_cast<std::size_t>(P)], a, b);
-  int evaluations = 0;
   for (std::size_t number = 0; number < here.patches.size(); ++number) {
-    Quick quick = in_patch_of<P, parts>(here, in_turn<P>(here.patches, number), a, b, basis);
-    evaluations = quick.evaluations += evaluations;
+    const Quick quick = in_patch_of<P, parts>(here, in_turn<P>(here.patches, number), a, b, basis);
     if (quick.is_first) {
       return quick;
     }
   }
-  Quick none;
-  none.evaluations = evaluations;
-  return none;
+  return {};
 }
 
 /// In subregion 3 only the volume is open; elsewhere nothing is.

@@ -12,7 +12,6 @@ struct Quick {
   bool is_first = false;  ///< surely the state that counts, if the pair belongs to several
   bool is_only = false;   ///< surely the only one
   Parts has{};            ///< parts of the basis that came along
-  int evaluations = 0;
 };
 
 /// The state of a pair by a Newton step or a few from the chart. It is sure of the state far enough

@@ -17,7 +17,6 @@ struct ConvergedOf {
   VariablesOf<Num> at, end;  // where the equation was evaluated last, and after the last step
   Num p = missing;
   MaskOf<Num> falls_with_p = false;  // the second value, where a pair leaves the pressure open
-  int evaluations = 0;
 };
 using Converged = ConvergedOf<double>;
 
@@ -64,13 +63,13 @@ ConvergedOf<Num> converged(Num a, Num b, VariablesOf<Num> start, BasisOf<Num>& b
   ConvergedOf<Num> result;
   VariablesOf<Num> x = Solver::with_given(start, a, b);
   MaskOf<Num> open = true;
-  while (++result.evaluations <= newton::most_steps) {
+  for (int n = 0; n < newton::most_steps; ++n) {
     const auto terms = Equation::terms(x.z, x.t);
     const newton::System<Num> system = Solver::system(terms, x, a, b);
     const VariablesOf<Num> step = Solver::step(system, x);
     const Num size = newton::relative_size<Equation>(step, x);
     MaskOf<Num> ends = size <= Equation::small_step;
-    if (result.evaluations > 1) {
+    if (n > 0) {
       ends |= Solver::is_rounding(system, a, b);
     }
     ends &= open;
@@ -122,7 +121,6 @@ void compare(Quick& quick, Region across, double a, double b, Basis& basis) {
   const Converged end =
       converged<P, Neighbour, parts>(a, b, Variables{z, quick.site.t}, basis_there);
   const Site there = site_of<Neighbour>(across, end);
-  quick.evaluations += end.evaluations;
   const bool comes_first = rank(quick.site.region) < rank(across);
   const bool inside = there && margins::of<Neighbour>(there, overlap_of(P)).first;
   const auto presence =
@@ -140,9 +138,7 @@ void compare(Quick& quick, Region across, double a, double b, Basis& basis) {
 template <Pair P, class Equation, Parts parts>
 Quick one_phase_search(Region region, double a, double b, Variables start, Basis& basis) {
   const Converged here = converged<P, Equation, parts>(a, b, start, basis);
-  Quick quick{.site = site_of<Equation>(region, here),
-              .has = with_own<Equation>(parts),
-              .evaluations = here.evaluations};
+  Quick quick{.site = site_of<Equation>(region, here), .has = with_own<Equation>(parts)};
   if (!quick.site) {
     return quick;
   }

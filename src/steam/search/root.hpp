@@ -76,8 +76,11 @@ inline bool is_last_step(const Tangent& tangent, double x, Slope y, double next,
          (share <= rounding && last_step <= rounding * std::abs(x));
 }
 
-/// The engine's only iteration of one variable: Newton steps from a start, halvings of the bracket
-/// where a step leaves it or is not much shorter than the one before.
+/// The engine's only iteration within a bracket: Newton steps from a start, halvings of the bracket
+/// where a step leaves it or is not much shorter than the one before. A few iterations have none:
+/// those of the quick search, of wet states and of the saturation line begin at a table's value,
+/// which one or two plain steps bring to the rounding. A bracket would cost them evaluations at its
+/// ends, and a pair for which they do not end soon is left to a search that comes here.
 /// @param f      gives a Slope; where its derivative is not a number secants take its place
 /// @param a, b   bracket, in either order; f need not be known at its ends
 /// @param start  where to begin; the middle if it is outside the bracket
