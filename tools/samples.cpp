@@ -35,7 +35,7 @@ double halved(const std::function<double(double)>& f, double a, double b) {
   return (a + b) / 2;
 }
 
-double p3(double v, double t) { return steam::pressure3(steam::Dense::terms(v, t)); }
+double p3(double v, double t) { return formulation::pressure(steam::Dense::terms(v, t)); }
 
 template <class Terms>
 Sample sample(const Terms& s, double p, double t) {
@@ -46,7 +46,7 @@ Sample sample(const Terms& s, double p, double t) {
 
 Sample sample3(double v, double t) {
   const auto s = steam::Dense::terms(v, t);
-  const double p = steam::pressure3(s);
+  const double p = formulation::pressure(s);
   const double h = formulation::enthalpy(s);
   return {p, t, v, h, formulation::entropy(s), h - steam::kj_per_bar_m3 * p * v};
 }

@@ -53,11 +53,6 @@ struct Dense {
   }
 };
 
-/// Pressure in subregion 3, bar, with the conditional group where it stands.
-template <class Num>
-[[gnu::always_inline]] inline Num pressure3(const Terms3Of<Num>& s) {
-  return formulation::pressure(s);
-}
 template <class Num>
 [[gnu::always_inline]] inline Num pressure3_over_v(const Terms3Of<Num>& s) {  // bar kg/m³
   return -s.chi_2 * (p_critical / v_critical);
@@ -81,7 +76,7 @@ template <class Equation, Quantity Q, class Terms, class Num>
   } else if constexpr (Q == Quantity::t) {
     return t;
   } else if constexpr (Q == Quantity::p) {
-    return pressure3(s);
+    return formulation::pressure(s);
   } else if constexpr (Q == Quantity::v) {
     return formulation::volume(s);
   } else if constexpr (Q == Quantity::h) {
@@ -91,7 +86,7 @@ template <class Equation, Quantity Q, class Terms, class Num>
   } else if constexpr (Equation::by_pressure) {
     return formulation::enthalpy(s) - kj_per_bar_m3 * z * formulation::volume(s);
   } else {
-    return formulation::enthalpy(s) - kj_per_bar_m3 * pressure3(s) * z;
+    return formulation::enthalpy(s) - kj_per_bar_m3 * formulation::pressure(s) * z;
   }
 }
 
@@ -107,24 +102,25 @@ using Sloped = SlopedOf<double>;
 template <class Equation, Quantity Q, class Terms, class Num>
 [[gnu::always_inline]] inline SlopedOf<Num> sloped(const Terms& s, Num p,
                                                    Num t) requires(Equation::by_pressure) {
-  using formulation::volume, formulation::volume_slopes, formulation::enthalpy,
-      formulation::entropy, formulation::heat_capacity;
   constexpr double c = kj_per_bar_m3;
+  const Num value = value_of<Equation, Q>(s, p, t);
   if constexpr (Q == Quantity::p) {
-    return {p, 1, 0};
+    return {value, 1, 0};
   } else if constexpr (Q == Quantity::t) {
-    return {t, 0, 1};
-  } else if constexpr (Q == Quantity::v) {
-    const auto dv = volume_slopes(s);
-    return {volume(s), dv.over_p, dv.over_t};
-  } else if constexpr (Q == Quantity::h) {
-    return {enthalpy(s), c * (volume(s) - kelvin(t) * volume_slopes(s).over_t), heat_capacity(s)};
-  } else if constexpr (Q == Quantity::s) {
-    return {formulation::entropy(s), -c * volume_slopes(s).over_t, heat_capacity(s) / kelvin(t)};
+    return {value, 0, 1};
   } else {
-    const auto dv = volume_slopes(s);
-    return {enthalpy(s) - c * p * volume(s), -c * (kelvin(t) * dv.over_t + p * dv.over_p),
-            heat_capacity(s) - c * p * dv.over_t};
+    const auto dv = formulation::volume_slopes(s);
+    if constexpr (Q == Quantity::v) {
+      return {value, dv.over_p, dv.over_t};
+    } else if constexpr (Q == Quantity::h) {
+      return {value, c * (formulation::volume(s) - kelvin(t) * dv.over_t),
+              formulation::heat_capacity(s)};
+    } else if constexpr (Q == Quantity::s) {
+      return {value, -c * dv.over_t, formulation::heat_capacity(s) / kelvin(t)};
+    } else {
+      return {value, -c * (kelvin(t) * dv.over_t + p * dv.over_p),
+              formulation::heat_capacity(s) - c * p * dv.over_t};
+    }
   }
 }
 
@@ -133,22 +129,21 @@ template <class Equation, Quantity Q, class Num>
 [[gnu::always_inline]] inline SlopedOf<Num> sloped(const Terms3Of<Num>& s, Num v,
                                                    Num t) requires(!Equation::by_pressure) {
   constexpr double c = kj_per_bar_m3;
+  const Num value = value_of<Equation, Q>(s, v, t);
   if constexpr (Q == Quantity::p) {
-    return {pressure3(s), pressure3_over_v(s), pressure3_over_t(s)};
+    return {value, pressure3_over_v(s), pressure3_over_t(s)};
   } else if constexpr (Q == Quantity::t) {
-    return {t, 0, 1};
+    return {value, 0, 1};
   } else if constexpr (Q == Quantity::v) {
-    return {v, 1, 0};
+    return {value, 1, 0};
   } else if constexpr (Q == Quantity::h) {
     const Num p_t = pressure3_over_t(s);
-    return {formulation::enthalpy(s), c * (kelvin(t) * p_t + v * pressure3_over_v(s)),
+    return {value, c * (kelvin(t) * p_t + v * pressure3_over_v(s)),
             isochoric_heat_capacity3(s) + c * v * p_t};
   } else if constexpr (Q == Quantity::s) {
-    return {formulation::entropy(s), c * pressure3_over_t(s),
-            isochoric_heat_capacity3(s) / kelvin(t)};
+    return {value, c * pressure3_over_t(s), isochoric_heat_capacity3(s) / kelvin(t)};
   } else {
-    const Num p = pressure3(s);
-    return {formulation::enthalpy(s) - c * p * v, c * (kelvin(t) * pressure3_over_t(s) - p),
+    return {value, c * (kelvin(t) * pressure3_over_t(s) - formulation::pressure(s)),
             isochoric_heat_capacity3(s)};
   }
 }
