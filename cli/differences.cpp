@@ -34,7 +34,7 @@ std::vector<double> spread(const steam::State& state, const Given& given,
       if (!moved || moved->region != state.region) {
         continue;
       }
-      const std::vector<double> others = values_of(*moved, Side::whole, beside, all);
+      const std::vector<double> others = values_of_states(beside, Side::whole, all).front();
       for (std::size_t i = 0; i < values.size(); ++i) {
         widest[i] = std::fmax(widest[i], std::abs(others[i] - values[i]));
       }
@@ -48,10 +48,11 @@ bool is_lacking(Property property, double module) {
   return std::isnan(module) && property <= Property::s;
 }
 
+/// @param values  of the state, as the engine gives them
 EngineAnswer beside(const steam::State& state, const Given& given,
-                    const std::vector<double>& module) {
+                    const std::vector<double>& values, const std::vector<double>& module) {
   const std::vector<Property> all = classic_properties();
-  EngineAnswer answer{values_of(state, Side::whole, given, all)};
+  EngineAnswer answer{values};
   const std::vector<double> widest = spread(state, given, answer.values);
   for (std::size_t i = 0; i < all.size(); ++i) {
     const double engine = answer.values[i], difference = std::abs(engine - module[i]),
@@ -68,8 +69,9 @@ EngineAnswer engine_beside(const Given& given, const std::vector<double>& module
   EngineAnswer chosen{std::vector<double>(module.size(), steam::missing),
                       std::vector<bool>(module.size(), true)};
   const steam::Results states = steam::states(given.pair, given.first, given.second);
+  const auto values = values_of_states(given, Side::whole, classic_properties());
   for (std::size_t i = 0; i < states.size(); ++i) {
-    EngineAnswer answer = beside(states[i], given, module);
+    EngineAnswer answer = beside(states[i], given, values[i], module);
     answer.number = i + 1;
     answer.of = states.size();
     const bool same =

@@ -19,8 +19,8 @@ steam::State state_or_failure(const Given& given, const Units& units);
 /// What is asked about: a state, or a saturated phase of a wet one.
 enum class Side { whole, liquid, vapour };
 
-/// Any properties of one of the states of a pair.
-std::vector<double> values_of(const steam::State& state, Side side, const Given& given,
-                              const std::vector<steam::Property>& wanted);
+/// Any properties of each state of a pair, in the order of `steam::states`.
+std::vector<std::vector<double>> values_of_states(const Given& given, Side side,
+                                                  const std::vector<steam::Property>& wanted);
 
 }  // namespace command

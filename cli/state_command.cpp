@@ -47,11 +47,11 @@ std::vector<Sheet> sheets_of(const StateOptions& options, const Given& given,
   std::vector<Sheet> sheets;
   const steam::State first = state_or_failure(given, units);
   if (!options.all) {
-    return {sheet_of(first, given, wanted, units)};
+    return {sheet_of(first, 0, given, wanted, units)};
   }
   const steam::Results states = steam::states(given.pair, given.first, given.second);
   for (const steam::State& state : states) {
-    Sheet sheet = sheet_of(state, given, wanted, units);
+    Sheet sheet = sheet_of(state, sheets.size(), given, wanted, units);
     if (states.size() > 1) {
       sheet.notes.erase(sheet.notes.begin());  // that there are several
       sheet.title = fmt::format("{} ({} of {})", sheet.title, sheets.size() + 1, states.size());

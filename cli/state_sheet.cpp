@@ -84,8 +84,8 @@ Sheet::Row row_of(Property property, const Units& units, std::vector<double> val
   return {info.letter, info.name, unit.name, std::move(values), property == Property::region};
 }
 
-Sheet sheet_of(const steam::State& state, const Given& given, const std::vector<Property>& wanted,
-               const Units& units) {
+Sheet sheet_of(const steam::State& state, std::size_t number, const Given& given,
+               const std::vector<Property>& wanted, const Units& units) {
   const bool wet = !std::isnan(state.x);
   const std::vector<Property> shown = wanted.empty() ? properties_of_any_state() : wanted;
   Sheet sheet{state.phase(), {{"", "value"}}, {}, notes_of(state, given, units)};
@@ -99,7 +99,7 @@ Sheet sheet_of(const steam::State& state, const Given& given, const std::vector<
   std::vector<std::vector<double>> columns;
   columns.reserve(sides.size());
   for (const Side side : sides) {
-    columns.push_back(values_of(state, side, given, shown));
+    columns.push_back(values_of_states(given, side, shown)[number]);
   }
   for (std::size_t i = 0; i < shown.size(); ++i) {
     std::vector<double> values;
@@ -109,9 +109,6 @@ Sheet sheet_of(const steam::State& state, const Given& given, const std::vector<
     }
     if (wet && !steam::info(shown[i]).in_one_phase) {
       values.front() = values.back() = steam::missing;  // only a mixture has it
-    }
-    if (wet && shown[i] == Property::superheat) {
-      values.front() = values.back() = 0;  // which subtracting leaves to rounding
     }
     const Sheet::Row row = row_of(shown[i], units, values);
     if (!wanted.empty() || has_value(row)) {

@@ -77,6 +77,7 @@ Basis saturated_phase(const Site& wet, bool vapour, const Needs& needs) {
   Basis basis;
   const Site site = phase_of(wet, vapour);
   complete(basis, site, needs, nothing);
+  basis.x = vapour ? 1 : 0;
   basis.u = basis.h - kj_per_bar_m3 * basis.p * basis.v;
   completion::transport(basis, needs);
   return basis;

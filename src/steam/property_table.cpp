@@ -28,7 +28,7 @@ double property_table::surface_tension(double t) {
 
 double property_table::saturation_slope(double t) { return sloped_saturation_pressure(t).over_t; }
 
-double property_table::superheat(double p, double t) {
+double property_table::superheat_at(double p, double t) {
   return p < p_critical ? t - saturation_temperature(p) : missing;
 }
 

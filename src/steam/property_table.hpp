@@ -79,7 +79,13 @@ Num speed_of_sound(Num volume, Num over_p_s) {
 /// @source IAPS release on the surface tension of water substance (1975)
 double surface_tension(double t);
 double saturation_slope(double t);
-double superheat(double p, double t);
+double superheat_at(double p, double t);
+/// In saturated states, which have a quality, it is 0, without the rounding of a difference.
+template <class Num>
+Num superheat(const BasisOf<Num>& b) {
+  const Num difference = numbers::each_lane(b.p, b.t, superheat_at);
+  return numbers::select(numbers::both(b.x >= 0, b.p < p_critical), Num(0), difference);
+}
 
 /// In subregion 3 the states of several lanes may be of either region.
 template <class Num>
@@ -185,8 +191,8 @@ constexpr std::array<PropertyRowOf<Num>, property_count> property_rows_of{{
      "dt",
      "K",
      in_one_phase,
-     {},
-     [](const B& b) -> Num { return numbers::each_lane(b.p, b.t, property_table::superheat); }},
+     {.quality = true},
+     [](const B& b) -> Num { return property_table::superheat(b); }},
     {Property::several,
      "several states",
      "several",

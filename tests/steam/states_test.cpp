@@ -46,6 +46,18 @@ TEST(States, SpeedOfSoundOfWetSteam) {
   }
 }
 
+/// Where a difference of temperatures would leave rounding.
+TEST(States, SuperheatOfSaturatedStatesIsZero) {
+  using P = steam::Property;
+  for (const double t : {100.0, 200.0, 360.0}) {
+    for (const P dt :
+         {P::superheat, steam::of_liquid(P::superheat), steam::of_vapour(P::superheat)}) {
+      EXPECT_EQ(steam::value(Pair::tx, t, 0, dt), 0) << t;
+      EXPECT_EQ(steam::value(Pair::tx, t, 1, dt), 0) << t;
+    }
+  }
+}
+
 TEST(States, PhasesInWords) {
   const std::tuple<double, double, const char*> rows[]{{1, 20, "water"},
                                                        {1, 200, "steam"},
