@@ -92,6 +92,7 @@ template <class Math>
 /// @param p  pressure, bar
 /// @param t  temperature, °C
 template <class Math>
+// NOLINTNEXTLINE(readability-function-size): straight formulas
 [[gnu::always_inline]] inline Terms1<Math> terms1(typename Math::Number p,
                                                   typename Math::Number t) {
   using subregion1::A, subregion1::a;

@@ -101,6 +101,7 @@ struct Terms2 {
 /// @param p  pressure, bar
 /// @param t  temperature, °C
 template <class Math>
+// NOLINTNEXTLINE(readability-function-size): straight formulas
 Terms2<Math> terms2(typename Math::Number p, typename Math::Number t) {
   using namespace subregion2;
   Terms2<Math> s{};

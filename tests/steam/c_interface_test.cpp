@@ -106,21 +106,12 @@ TEST(CInterface, PlacesThatOverlapAreRefused) {
   }
 }
 
-TEST(CInterface, MisuseIsACode) {
-  std::array<double, 2> out{};
+constexpr std::array<int, 2> unknown{VEK_STEAM_T, 4711};
+
+TEST(CInterface, MisuseOfStatesIsACode) {
   vek_steam_state state;
   vek_steam_phase phase;
   std::size_t count = 0;
-  const std::array<int, 2> unknown{VEK_STEAM_T, 4711};
-  const int* const properties = wanted.data();
-  const auto values = [&](int pair, const int* of, double* to) {
-    return vek_steam_values(pair, 10, 100, 2, of, to);
-  };
-  EXPECT_EQ(values(-1, properties, out.data()), VEK_STEAM_NO_SUCH_PAIR);
-  EXPECT_EQ(values(vek_steam_pair_count(), properties, out.data()), VEK_STEAM_NO_SUCH_PAIR);
-  EXPECT_EQ(values(VEK_STEAM_PT, unknown.data(), out.data()), VEK_STEAM_NO_SUCH_PROPERTY);
-  EXPECT_EQ(values(VEK_STEAM_PT, nullptr, out.data()), VEK_STEAM_NULL);
-  EXPECT_EQ(values(VEK_STEAM_PT, properties, nullptr), VEK_STEAM_NULL);
   const auto state_of = [&](vek_steam_state* to, std::size_t size, std::size_t phase_size) {
     return vek_steam_state_of(VEK_STEAM_PT, 10, 100, to, size, &phase, nullptr, phase_size);
   };
@@ -133,6 +124,23 @@ TEST(CInterface, MisuseIsACode) {
   EXPECT_EQ(vek_steam_states_of(VEK_STEAM_PT, 1, 1, &state, sizeof state, nullptr, nullptr, 0, 1,
                                 nullptr),
             VEK_STEAM_NULL);
+  EXPECT_EQ(vek_steam_saturation(VEK_STEAM_H, 10, &phase, nullptr, sizeof phase),
+            VEK_STEAM_NO_SUCH_PROPERTY);
+  EXPECT_EQ(vek_steam_limits_of(nullptr, 100), VEK_STEAM_NULL);
+}
+
+TEST(CInterface, MisuseOfValuesIsACode) {
+  std::array<double, 2> out{};
+  std::size_t count = 0;
+  const int* const properties = wanted.data();
+  const auto values = [&](int pair, const int* of, double* to) {
+    return vek_steam_values(pair, 10, 100, 2, of, to);
+  };
+  EXPECT_EQ(values(-1, properties, out.data()), VEK_STEAM_NO_SUCH_PAIR);
+  EXPECT_EQ(values(vek_steam_pair_count(), properties, out.data()), VEK_STEAM_NO_SUCH_PAIR);
+  EXPECT_EQ(values(VEK_STEAM_PT, unknown.data(), out.data()), VEK_STEAM_NO_SUCH_PROPERTY);
+  EXPECT_EQ(values(VEK_STEAM_PT, nullptr, out.data()), VEK_STEAM_NULL);
+  EXPECT_EQ(values(VEK_STEAM_PT, properties, nullptr), VEK_STEAM_NULL);
   const auto all_values = [&](const int* of, double* to, std::size_t* states) {
     return vek_steam_values_of_states(VEK_STEAM_PV, 1, 0.0010001, 2, of, to, 1, states);
   };
@@ -141,9 +149,6 @@ TEST(CInterface, MisuseIsACode) {
   EXPECT_EQ(all_values(properties, out.data(), nullptr), VEK_STEAM_NULL);
   EXPECT_EQ(all_values(properties, out.data(), &count), VEK_STEAM_OK);
   EXPECT_EQ(count, 2U);
-  EXPECT_EQ(vek_steam_saturation(VEK_STEAM_H, 10, &phase, nullptr, sizeof phase),
-            VEK_STEAM_NO_SUCH_PROPERTY);
-  EXPECT_EQ(vek_steam_limits_of(nullptr, 100), VEK_STEAM_NULL);
   const auto evaluate = [&](const void* first, const vek_steam_output* to, std::size_t rows) {
     return vek_steam_evaluate(VEK_STEAM_PT, rows, {first, 8}, {first, 8}, 2, properties, to,
                               nullptr, nullptr, 0, nullptr);

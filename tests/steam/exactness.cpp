@@ -82,6 +82,7 @@ struct Expected {
 };
 
 /// Every property, in their order. Of the speed of sound of wet steam only whether it exists.
+// NOLINTNEXTLINE(readability-function-size): straight formulas
 std::array<Expected, steam::property_count> expected(const State& s, bool of_phase) {
   const Properties e = of(s);
   const bool wet = is_wet(s.region), single = !wet || s.x == 0 || s.x == 1;

@@ -19,30 +19,30 @@ using namespace classic;
 
 double tol = 1e-8;
 
+// A property at the start value of a pressure, volume or temperature.
+struct Row {
+  VekFinder finder;
+  Function property;
+  double z, t;
+  int region;
+};
+constexpr double v_water = 0.001314782578;
+const Row by_t[] = {{vekrtv_, SPVOL1, 1000, 100, 1},        {vekrtv_, SPVOL2, 0.06112444, 200, 2},
+                    {vekrtv_, SPVOL2, 0.00611244, 400, 2},  {vekrth_, ENTHA1, 1000, 345, 1},
+                    {vekrth_, ENTHA2, 0.01, 200, 2},        {vekrth_, ENTHA2, 0.001, 700, 2},
+                    {vekrtu_, ENERG1, 1000, 200, 1},        {vekrtu_, ENERG2, 0.01, 200, 2},
+                    {vekrtu_, ENERG2, 0.001, 700, 2},       {vekrts_, ENTRO1, 1000, 200, 1},
+                    {vekrts_, ENTRO2, 0.006112444, 200, 2}, {vekrts_, ENTRO2, 0.006112444, 700, 2},
+                    {vekrth_, ENTHA3, v_water, 360, 4},     {vekrth_, ENTHA3, 0.00137, 400, 3},
+                    {vekrtu_, ENERG3, v_water, 360, 4},     {vekrtu_, ENERG3, 0.00137, 400, 3},
+                    {vekrts_, ENTRO3, v_water, 360, 4},     {vekrts_, ENTRO3, 0.00137, 400, 3}};
+const Row by_p[] = {{vekrpv_, SPVOL1, 300, 0.01, 1}, {vekrpv_, SPVOL1, 300, 350, 1},
+                    {vekrpv_, SPVOL2, 10, 800, 2},   {vekrph_, ENTHA1, 300, 0.01, 1},
+                    {vekrph_, ENTHA1, 300, 350, 1},  {vekrph_, ENTHA2, 10, 800, 2},
+                    {vekrps_, ENTRO1, 300, 0.01, 1}, {vekrpu_, ENERG2, 300, 800, 2},
+                    {vekrpv_, SPVOL1, 10, 0.01, 1},  {vekrph_, ENTHA1, 10, 0.01, 1}};
+
 TEST(StartValues, OfTheFindersFromPressureOrTemperature) {
-  // A property at the start value of a pressure, volume or temperature.
-  struct Row {
-    VekFinder finder;
-    Function property;
-    double z, t;
-    int region;
-  };
-  constexpr double v_water = 0.001314782578;
-  const Row by_t[] = {
-      {vekrtv_, SPVOL1, 1000, 100, 1},        {vekrtv_, SPVOL2, 0.06112444, 200, 2},
-      {vekrtv_, SPVOL2, 0.00611244, 400, 2},  {vekrth_, ENTHA1, 1000, 345, 1},
-      {vekrth_, ENTHA2, 0.01, 200, 2},        {vekrth_, ENTHA2, 0.001, 700, 2},
-      {vekrtu_, ENERG1, 1000, 200, 1},        {vekrtu_, ENERG2, 0.01, 200, 2},
-      {vekrtu_, ENERG2, 0.001, 700, 2},       {vekrts_, ENTRO1, 1000, 200, 1},
-      {vekrts_, ENTRO2, 0.006112444, 200, 2}, {vekrts_, ENTRO2, 0.006112444, 700, 2},
-      {vekrth_, ENTHA3, v_water, 360, 4},     {vekrth_, ENTHA3, 0.00137, 400, 3},
-      {vekrtu_, ENERG3, v_water, 360, 4},     {vekrtu_, ENERG3, 0.00137, 400, 3},
-      {vekrts_, ENTRO3, v_water, 360, 4},     {vekrts_, ENTRO3, 0.00137, 400, 3}};
-  const Row by_p[] = {{vekrpv_, SPVOL1, 300, 0.01, 1}, {vekrpv_, SPVOL1, 300, 350, 1},
-                      {vekrpv_, SPVOL2, 10, 800, 2},   {vekrph_, ENTHA1, 300, 0.01, 1},
-                      {vekrph_, ENTHA1, 300, 350, 1},  {vekrph_, ENTHA2, 10, 800, 2},
-                      {vekrps_, ENTRO1, 300, 0.01, 1}, {vekrpu_, ENERG2, 300, 800, 2},
-                      {vekrpv_, SPVOL1, 10, 0.01, 1},  {vekrph_, ENTHA1, 10, 0.01, 1}};
   const auto expect = [](VekFinder finder, double a, double b, const Row& row) {
     EXPECT_EQ(finder(&a, &b, &tol), row.region) << row.z << ' ' << row.t;
     EXPECT_EQ(a, row.z);

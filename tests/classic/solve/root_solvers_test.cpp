@@ -122,20 +122,21 @@ Curve with(double value, double at, const Curve& f) {
 double twice(double x) { return 2 * x; }
 double product(double y, double x) { return y * x; }
 
+struct Search {
+  Curve curve;
+  double x1, x2;
+  std::vector<double> evaluated;
+  double root, x1_left, x2_left;
+  double target = 1, eps = 0.125;
+};
+
 }  // namespace
 
 // All numbers are sums of powers of two, so that each step can be followed by hand.
 TEST(BracketingSolvers, EvaluateInTheStatedOrderAndLeaveTheirBracketToTheCaller) {
   const Curve ends_at_8th = [](double x) { return x == 1 ? 1.125 : 0.0; };
-  struct Row {
-    Curve curve;
-    double x1, x2;
-    std::vector<double> evaluated;
-    double root, x1_left, x2_left;
-    double target = 1, eps = 0.125;
-  };
   const double nan = not_a_number;
-  const Row rows[] = {
+  const Search rows[] = {
       // A half is kept twice: the left one, the right one, and with the ends in reverse.
       {step(1.3), 1, 2, {1, 2, 1.5, 1.25, 1.375, 1.3125}, 1.28125, 1.25, 1.3125},
       {step(1.7), 1, 2, {1, 2, 1.5, 1.75, 1.625, 1.6875}, 1.71875, 1.6875, 1.75},
@@ -159,7 +160,7 @@ TEST(BracketingSolvers, EvaluateInTheStatedOrderAndLeaveTheirBracketToTheCaller)
       {with(nan, 1.25, step(1.3)), 1, 2, {1, 2, 1.5, 1.25, nan}, nan, 1, 1.25},
       {with(nan, 1.75, step(1.7)), 1, 2, {1, 2, 1.5, 1.75, nan}, nan, 1.75, 2},
   };
-  for (const Row& row : rows) {
+  for (const Search& row : rows) {
     SCOPED_TRACE(testing::Message() << "row " << &row - rows);
     for (const Solver solver : {qi1, qi2, qi3}) {
       const Outcome out = solve(solver, row.curve, row.target, row.x1, row.x2, row.eps);
