@@ -14,6 +14,8 @@ installs_library(classic libvek1 vek)
 installs_library(steam libvek-steam1 vek-steam vek-steam-static)
 if(VEK_BUILD_CLI)
   install(TARGETS vek_command COMPONENT vek)
+  install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vek COMPONENT vek
+          USE_SOURCE_PERMISSIONS PATTERN *.py EXCLUDE)
 endif()
 
 # From here on everything is for those who compile with the libraries.

@@ -3,9 +3,9 @@
 # cycle.f90 compute the same. Turbines and pumps are ideal.
 #
 # Source: M. J. Moran, H. N. Shapiro, Fundamentals of Engineering Thermodynamics, example 8.6, whose
-# results stand in the last column. They are from other steam tables, and for the feedwater the book adds
-# v dp to the saturated liquid, 0.5 % too much: the closed heater then takes 2 % more steam and the open
-# one 1 % less. All else agrees to 0.3 %.
+# results, quoted from memory, stand in the last column. They are from other steam tables, and for the
+# feedwater the book adds v dp to the saturated liquid, 0.5 % too much: the closed heater then takes 2 %
+# more steam and the open one 1 % less. All else agrees to 0.3 %.
 set -euo pipefail
 
 p_boiler=80 p_closed=20 p_reheat=7 p_open=3 p_condenser=0.08 # bar
