@@ -95,9 +95,6 @@ void read_argument(std::uint8_t kind, std::string_view text) {
 
 }  // namespace
 
-/// The parser of units loses the names in what it refuses.
-extern "C" const char* __lsan_default_suppressions() { return "leak:utlex\n"; }
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) {
     return 0;
