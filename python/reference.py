@@ -1,24 +1,7 @@
-"""What the documentation's site takes from the package: docstrings, tables, charts. Hooks of MkDocs."""
+"""What the documentation's site takes from the package: docstrings and tables. Hooks of MkDocs."""
 import importlib
 import inspect
-import io
 import re
-
-from mkdocs.structure.files import File
-
-
-def on_files(files, config):
-    """The charts of the gallery, drawn by the page's own example."""
-    import matplotlib
-    matplotlib.use("svg")
-    page = files.get_file_from_path("charts.md").content_string
-    example = re.search("```python\n(.*?)```", page, re.DOTALL)[1]
-    names = {}
-    exec(example.replace("    axes =", "    pictures[name] ="), {"pictures": names})
-    for name, axes in names.items():
-        picture = io.StringIO()
-        axes.figure.savefig(picture, format="svg")
-        files.append(File.generated(config, f"charts/{name}.svg", content=picture.getvalue()))
 
 
 def on_page_markdown(markdown, **_):
