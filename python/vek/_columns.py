@@ -1,4 +1,6 @@
 """Columns that are added to tables; what the accessors of several libraries have in common."""
+from typing import Any
+
 from . import _functions
 
 
@@ -21,7 +23,7 @@ def accessor(assign):
         def __init__(self, table):
             self._table = table
 
-        def add(self, names, *, si=False, status=False, **known):
+        def add(self, names: Any, *, si: bool = False, status: bool = False, **known: Any) -> Any:
             """The table with properties added, in columns named like the functions.
 
             names: of the properties, as in "h s region", see `vek.properties`.

@@ -9,13 +9,15 @@
 Memory is shared, unless an array has missing values; chunks are kept, and rows in errors are counted
 within theirs.
 """
+from typing import Any
+
 import pyarrow as pa
 
 from ._carriers import tuple_of
 from ._columns import accessor
 
 
-def add(table, names, *, si=False, status=False, **known):
+def add(table: Any, names: Any, *, si: bool = False, status: bool = False, **known: Any) -> Any:
     """A table or record batch with properties added, see `Steam.add`."""
     return Steam(table).add(names, si=si, status=status, **known)
 

@@ -10,6 +10,7 @@ The lines are the engine's, exact to a ten-thousandth of the picture; units are 
 """
 from collections import namedtuple
 from itertools import pairwise
+from typing import Any
 
 from . import _core
 from ._labels import Labels
@@ -45,7 +46,8 @@ _GUIDES = {"hs": {"v": ((0.30, 0.42), (0.98, 0.62)), "t": ((0.90, 0.2), (0.90, 1
                   "x": ((0.1, 0.2), (0.9, 0.2))}}
 
 
-def mollier(ax=None, *, path=(), marks=(), lines=None, legend=True):
+def mollier(ax: Any = None, *, path: Any = (), marks: Any = (), lines: Any = None,
+            legend: bool = True) -> Any:
     """The h-s chart.
 
     ax: matplotlib axes; none: those of a new figure.
@@ -61,17 +63,20 @@ def mollier(ax=None, *, path=(), marks=(), lines=None, legend=True):
     return _chart("hs", ax, path, marks, lines, legend)
 
 
-def ts(ax=None, *, path=(), marks=(), lines=None, legend=True):
+def ts(ax: Any = None, *, path: Any = (), marks: Any = (), lines: Any = None,
+       legend: bool = True) -> Any:
     """The T-s chart, in °C; as `mollier`."""
     return _chart("ts", ax, path, marks, lines, legend)
 
 
-def ph(ax=None, *, path=(), marks=(), lines=None, legend=True):
+def ph(ax: Any = None, *, path: Any = (), marks: Any = (), lines: Any = None,
+       legend: bool = True) -> Any:
     """The p-h chart with logarithmic pressure; as `mollier`."""
     return _chart("ph", ax, path, marks, lines, legend)
 
 
-def pv(ax=None, *, path=(), marks=(), lines=None, legend=True):
+def pv(ax: Any = None, *, path: Any = (), marks: Any = (), lines: Any = None,
+       legend: bool = True) -> Any:
     """The p-v chart, both logarithmic; as `mollier`."""
     return _chart("pv", ax, path, marks, lines, legend)
 

@@ -7,7 +7,7 @@ from . import _core, _tables
 Reply = namedtuple("Reply", "values flag diagnostics")
 
 
-def request(pair, first, second, items):
+def request(pair: str, first: float, second: float, items: str) -> Reply:
     """A request of the classic module, as it answers it.
 
     pair: letters of what is known, such as "ph"; first, second: the values, in the pair's order.
@@ -38,7 +38,7 @@ Values = namedtuple("Values", [p.identifier for p in _WANTED])
 Comparison = namedtuple("Comparison", "engine module difference flag diagnostics")
 
 
-def compare(**known):
+def compare(**known: float) -> Comparison:
     """What the engine and the classic module say of the state that has two known properties.
 
     Returns `engine`, `module` and `difference`, each with the properties that the module has, in the

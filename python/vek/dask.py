@@ -11,10 +11,12 @@ The functions take Dask's arrays and series; `add` gives a table columns in one 
 Workers need this package. Each block is computed by one thread, as Dask has given the cores away;
 rows in errors are counted within it.
 """
+from typing import Any
+
 from ._carriers import tuple_of
 
 
-def add(table, names, *, si=False, status=False, **known):
+def add(table: Any, names: Any, *, si: bool = False, status: bool = False, **known: Any) -> Any:
     """A table with properties added, see `vek.pandas`."""
     how = {"si": si, "status": status, **known}
     return table.map_partitions(_added, names, meta=_added(table._meta, names, **how), **how)

@@ -7,11 +7,12 @@
 Workers need this package and pyarrow. Each task computes with the cores that Spark gives it.
 """
 from functools import partial
+from typing import Any
 
 from ._tables import properties_of
 
 
-def add(table, names, *, si=False, status=False, **known):
+def add(table: Any, names: Any, *, si: bool = False, status: bool = False, **known: Any) -> Any:
     """A table with properties added, see `vek.arrow.add`; codes are 16-bit integers."""
     from pyspark.sql.types import DoubleType, ShortType, StructField, StructType
     added = {p.identifier: DoubleType() for p in properties_of(names)}
@@ -34,7 +35,7 @@ def _batches(names, how, batches):
         yield added
 
 
-def function(name, pair, *, si=False):
+def function(name: str, pair: str, *, si: bool = False) -> Any:
     """A function of columns: a property from the two that a pair's letters name, in their order."""
     from pyspark.sql.functions import arrow_udf
     return arrow_udf(partial(_value, name, tuple(pair), si), "double")

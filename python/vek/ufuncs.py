@@ -19,7 +19,7 @@ def ufunc(pair, properties, status=False, si=False):
                        "; ".join(units))
 
 
-def __getattr__(name):
+def __getattr__(name: str):
     wanted, opened, rest = name.partition("(")
     known, closed, si = rest.partition(")")
     pair = _tables.PAIRS.get(frozenset(known.split(",")))
