@@ -1,4 +1,5 @@
 """Calls with arrays: on NumPy, which nothing else in the package needs."""
+import math
 from functools import partial
 
 import numpy as np
@@ -55,13 +56,47 @@ def _of_arrays(wanted, pair, si, status, errors, *given):
 
 def _call(function, given, where=True, out=None, **how):
     """The outputs as a tuple. Where rows are left out and nobody says otherwise, they are NaN."""
+    if where is not True and out is None:
+        out = _left_out(function, given, where)
+        if _is_large_and_plain(given, where) and not how:
+            return _of_picked(function, given, where, out)
     if where is not True:
         how["where"] = where
-        out = out if out is not None else _left_out(function, given, where)
+    elif _is_large_and_plain(given):
+        given = _in_one_piece(given)
     if out is not None:
         how["out"] = out
     results = function(*given, **how)
     return results if isinstance(results, tuple) else (results,)
+
+
+_LARGE, _HUGE = 2**13, 2**26  # rows: fewer are not worth a copy, for more there may be no memory
+
+
+def _is_large_and_plain(given, where=True):
+    shape = np.broadcast_shapes(*map(np.shape, (*given, where)))
+    return (_LARGE <= math.prod(shape) <= _HUGE and np.asarray(where).dtype == bool
+            and all(type(x) is np.ndarray and np.can_cast(x.dtype, float) for x in given))
+
+
+def _in_one_piece(given):
+    """Copies where NumPy would convert or broadcast row by row, in pieces too short for threads."""
+    long = [x for x in given if x.ndim]
+    if len({x.shape for x in long}) > 1 or not (all(x.flags.c_contiguous or x.ndim == 1 for x in long)
+                                                or all(x.flags.f_contiguous for x in long)):
+        shape = np.broadcast_shapes(*map(np.shape, given))
+        given = [np.ascontiguousarray(np.broadcast_to(x, shape)) if x.ndim else x for x in given]
+    return [x.astype(float, copy=False) for x in given]
+
+
+def _of_picked(function, given, where, outputs):
+    """The rows that are wanted one after the other, for the same reason."""
+    shape = outputs[0].shape
+    where = np.broadcast_to(where, shape)
+    results = function(*(np.broadcast_to(x, shape)[where].astype(float, copy=False) for x in given))
+    for output, result in zip(outputs, results if isinstance(results, tuple) else (results,)):
+        output[where] = result
+    return outputs
 
 
 def _left_out(function, given, where):

@@ -80,6 +80,30 @@ def test_layouts_are_numpys(data, shapes):
     np.testing.assert_array_equal((p, t)[1], before[1])
 
 
+def test_large_layouts_are_as_small_ones():
+    p, t = np.linspace(1, 990, 200)[:, None], np.linspace(1, 799, 120)
+    h, status = vek.h(p=p, t=t, status=True)
+    small = [vek.h(p=row, t=t) for row in p]
+    where = np.random.default_rng(1).random(h.shape) < 0.5
+    whole = [np.broadcast_to(x, h.shape).copy() for x in (p, t)]
+    out = np.full(h.shape, 7.0)
+    for first, second in ((p, t), whole, (np.asfortranarray(whole[0]), whole[1]),
+                          (whole[0].astype(">f8"), t), (whole[0].T.copy().T, whole[1][::-1][::-1])):
+        before = first.copy()
+        np.testing.assert_array_equal(vek.h(p=first, t=second), small)
+        picked, codes = vek.h(p=first, t=second, where=where, status=True)
+        np.testing.assert_array_equal(picked, np.where(where, h, np.nan))
+        np.testing.assert_array_equal(codes, np.where(where, status, _core.not_reached))
+        assert vek.h(p=first, t=second, out=out, where=where) is out
+        np.testing.assert_array_equal(out, np.where(where, h, 7))
+        np.testing.assert_array_equal(first, before)
+    column = np.arange(1, 20_001, dtype="i2") % 300
+    np.testing.assert_array_equal(vek.h(p=column, t=300), [*vek.h(p=column[:300], t=300)] * 66
+                                  + [*vek.h(p=column[:200], t=300)])
+    with pytest.raises(TypeError, match="cast"):
+        vek.h(p=column.astype(np.longdouble), t=300)
+
+
 def test_scalars_and_nothing():
     assert isinstance(vek.h(p=10, t=100), float)
     assert vek.h(t=100, p=10) == vek.h(p=np.float64(10), t=100) == vek.h(p=np.array(10.), t=[100])[0]
