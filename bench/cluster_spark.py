@@ -8,7 +8,7 @@ from pathlib import Path
 
 import psutil
 import pyarrow as pa
-from cluster_states import WANTED, checksum, checksum_of_rows, figures, given
+from cluster_states import WANTED, checksum, given, main
 
 
 def _given(batches):
@@ -38,7 +38,8 @@ def _kill_one(after, killed):
         killed.append(executor.pid)
 
 
-def run(states, kill_after):
+def run(states, kill_after=15):
+    """The checksum, the largest memory of a worker's Python in MB, and how many were killed."""
     from pyspark.sql import SparkSession
 
     import vek.spark
@@ -58,17 +59,5 @@ def run(states, kill_after):
     return total, max(part["peak"] for part in parts) / 2**20, len(killed)
 
 
-def main():
-    states = int(float(sys.argv[1]))
-    kill_after = float(sys.argv[2]) if len(sys.argv) > 2 else 15
-    start = time.perf_counter()
-    total, peak, killed = run(states, kill_after)
-    seconds = time.perf_counter() - start
-    alone = checksum_of_rows(0, states)
-    alone_seconds = time.perf_counter() - start - seconds
-    more = f"at most {peak:.0f} MB in a worker's Python, {killed} killed on the way"
-    sys.exit(not figures(states, seconds, total, alone, alone_seconds, more))
-
-
 if __name__ == "__main__":
-    main()
+    main(run)

@@ -3,6 +3,9 @@
 The checksum of rows is a sum modulo 2^64, so it is the same however they are divided and in whichever
 order they come, but not when one of them is missing, doubled, exchanged or off by a bit.
 """
+import sys
+import time
+
 import numpy as np
 import vek
 
@@ -42,10 +45,17 @@ def checksum_of_rows(first, last, rows=1_000_000):
     return total % 2**64
 
 
-def figures(states, seconds, total, alone, alone_seconds, more):
-    """The run in words; whether it is right."""
+def main(run):
+    """The program of a cluster: STATES and what else `run` takes. Ends with 1 where the bits are others."""
+    states, *how = map(float, sys.argv[1:])
+    start = time.perf_counter()
+    total, peak, killed = run(int(states), *how)
+    seconds = time.perf_counter() - start
+    alone = checksum_of_rows(0, int(states))
+    alone_seconds = time.perf_counter() - start - seconds
     same = "the bits of one process" if total == alone else f"OTHER BITS: {total:x}, not {alone:x}"
     print(f"{states:.0e} states of (p,h) -> {WANTED} in {seconds:.0f} s, "
-          f"{states / seconds / 1e6:.2f} million a second; one process: {alone_seconds:.0f} s; "
-          f"{same}; {more}")
-    return total == alone
+          f"{states / seconds / 1e6:.2f} million a second, ten times as many in at most "
+          f"{10 * (seconds + alone_seconds) / 60:.0f} min; one process: {alone_seconds:.0f} s; {same}; "
+          f"at most {peak:.0f} MB in a worker, {killed} killed on the way")
+    sys.exit(total != alone)
