@@ -76,11 +76,11 @@ TEST(Lanes, TellInWhichAConditionHolds) {
 
 TEST(Rows, HaveTheElementsOfEachLanesRow) {
   static constexpr float table[3][2]{{1, 2}, {3, 4}, {5, 6}};
-  numbers::Lanes<double, 2> cell;
-  cell.set(0, 2);
-  cell.set(1, 1);
-  const auto rows =
-      numbers::rows_of<float>(cell, [](double number) { return table[static_cast<int>(number)]; });
+  numbers::Lanes<double, 2> place;
+  place.set(0, 2);
+  place.set(1, 1.9);
+  const auto rows = numbers::rows_of<float, numbers::Lanes<double, 2>>(
+      numbers::whole_below(place), [](auto number) { return table[number]; });
   const auto [first, second] = rows.first<2>();
   EXPECT_EQ(first[0], 5);
   EXPECT_EQ(first[1], 3);
