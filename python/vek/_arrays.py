@@ -62,7 +62,7 @@ def _call(function, given, where=True, out=None, **how):
             return _of_picked(function, given, where, out)
     if where is not True:
         how["where"] = where
-    elif _is_large_and_plain(given):
+    elif "casting" not in how and _is_large_and_plain(given):
         given = _in_one_piece(given)
     if out is not None:
         how["out"] = out

@@ -11,6 +11,7 @@ within theirs.
 """
 from typing import Any
 
+import numpy as np
 import pyarrow as pa
 
 from ._carriers import tuple_of
@@ -23,6 +24,9 @@ def add(table: Any, names: Any, *, si: bool = False, status: bool = False, **kno
 
 
 def evaluate(call, given, sides, fields, si):
+    given = [value.as_py() if isinstance(value, pa.Scalar) else value for value in given]
+    if not any(isinstance(value, (pa.Array, pa.ChunkedArray)) for value in given):
+        return tuple(map(pa.scalar, tuple_of(call(*given))))
     in_chunks = any(isinstance(value, pa.ChunkedArray) for value in given)
     chunks = [tuple_of(call(*values)) for values in _chunks(given)]
     arrays = [[pa.array(result) for result in results] for results in zip(*chunks)]
@@ -33,6 +37,8 @@ def _chunks(given):
     """Arrays that follow each other, borders where any of the values has one."""
     table = pa.table({str(i): value for i, value in enumerate(given)
                       if isinstance(value, (pa.Array, pa.ChunkedArray))})
+    if any(np.ndim(value) and len(value) != table.num_rows for value in given):
+        raise ValueError(f"columns of {' and '.join(str(len(value)) for value in given)} rows")
     first = 0
     for batch in table.to_batches() or [table]:
         rows = slice(first, first + batch.num_rows)

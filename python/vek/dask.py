@@ -31,6 +31,8 @@ def evaluate(call, given, sides, fields, si):
     if any(hasattr(value, "map_partitions") for value in given):
         return _of_series(call, given, sides, fields, si)
     from dask import array
+    _, given = array.core.unify_chunks(*(part for value in given for part in (
+        value, tuple(range(value.ndim))[::-1] if getattr(value, "ndim", 0) else None)))
     outputs = ",".join(["()"] * len(fields))
     return tuple_of(array.apply_gufunc(call, f"(),()->{outputs}", *given,
                                        output_dtypes=["d" if p else "B" for _, p in fields]))

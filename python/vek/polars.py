@@ -15,6 +15,8 @@ from ._columns import accessor
 
 
 def evaluate(call, given, sides, fields, si):
+    if not any(isinstance(value, pl.Series) for value in given):
+        raise TypeError("of polars only series are taken, as an expression has no values yet")
     results = tuple_of(call(*(value.to_numpy() if isinstance(value, pl.Series) else value
                               for value in given)))
     return tuple(pl.Series(name, result) for (name, _), result in zip(fields, results))

@@ -72,6 +72,23 @@ def test_tables_get_columns(kind):
     np.testing.assert_array_equal(np.asarray(one["t"]), vek.si.t(p=1e6, h=T))
 
 
+def test_what_does_not_fit_is_told():
+    p, short = pa.array([1.0, 2]), np.array([100.0, 200, 300])
+    for known, error in ((dict(p=p, t=short), ValueError), (dict(p=pl.col("p"), t=1), TypeError),
+                         (dict(p=pd.Series([1, pd.NA]), t=1), TypeError)):
+        with pytest.raises(error):
+            vek.h(**known)
+    assert vek.h(p=pa.scalar(10.0), t=100).as_py() == vek.h(p=10, t=100)
+    with pytest.raises(TypeError, match="cast"):
+        vek.h(p=np.ones(20_000, "f4"), t=100, casting="no")
+
+
+def test_dask_chunks_may_differ():
+    p, t = np.linspace(1, 100, 12).reshape(3, 4), np.linspace(20, 500, 4)
+    h = vek.h(p=dask.array.from_array(p, chunks=2), t=dask.array.from_array(t, chunks=3))
+    np.testing.assert_array_equal(h, vek.h(p=p, t=t))
+
+
 def test_missing_values_have_no_state():
     for p in (pd.Series([1, None], dtype="Int64"), pl.Series([1, None]), pa.array([1, None])):
         h = vek.h(p=p, t=300)
