@@ -29,14 +29,16 @@ class InCells : Answering<P, Num> {
     }
     bool are_open = true;
     while (are_open) {
-      are_open =
-          turn(Region::water, [this](auto& group) { one_phase<Water>(Region::water, group); });
+      are_open = turn(Region::water,
+                      [this](const Group<Num>& group) { one_phase<Water>(Region::water, group); });
+      are_open |= turn(Region::steam,
+                       [this](const Group<Num>& group) { one_phase<Steam>(Region::steam, group); });
+      are_open |= turn(Region::dense_steam, [this](const Group<Num>& group) {
+        one_phase<Dense>(Region::dense_steam, group);
+      });
+      are_open |= turn(Region::wet, [this](const Group<Num>& group) { wet(group); });
       are_open |=
-          turn(Region::steam, [this](auto& group) { one_phase<Steam>(Region::steam, group); });
-      are_open |= turn(Region::dense_steam,
-                       [this](auto& group) { one_phase<Dense>(Region::dense_steam, group); });
-      are_open |= turn(Region::wet, [this](auto& group) { wet(group); });
-      are_open |= turn(Region::wet_above_350, [this](auto& group) { wet_above_350(group); });
+          turn(Region::wet_above_350, [this](const Group<Num>& group) { wet_above_350(group); });
     }
   }
 
