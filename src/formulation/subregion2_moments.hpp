@@ -95,6 +95,7 @@ struct Moments2 {
 /// @param p  pressure, bar
 /// @param t  temperature, °C
 template <class Math>
+// NOLINTNEXTLINE(readability-function-size): straight formulas
 [[gnu::always_inline]] inline Moments2<Math> moments2(typename Math::Number p,
                                                       typename Math::Number t) {
   using namespace subregion2;

@@ -157,6 +157,7 @@ struct Derivatives3 {
 /// @param v  specific volume, m³/kg
 /// @param t  temperature, °C
 template <class Math>
+// NOLINTNEXTLINE(readability-function-size): straight formulas
 [[gnu::always_inline]] inline Derivatives3<Math> derivatives3(typename Math::Number v,
                                                               typename Math::Number t) {
   using namespace subregion3;

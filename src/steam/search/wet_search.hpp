@@ -40,6 +40,15 @@ struct StartOf {
   MaskOf<Num> promising = false;
   Num t = missing, x = missing;
   SlopesOf<Num> slopes{0, 0};
+
+  /// That of some lanes.
+  [[gnu::always_inline]] void take(MaskOf<Num> lanes, const StartOf& from) {
+    promising |= lanes & from.promising;
+    t = numbers::select(lanes, from.t, t);
+    x = numbers::select(lanes, from.x, x);
+    slopes.excess = numbers::select(lanes, from.slopes.excess, slopes.excess);
+    slopes.x = numbers::select(lanes, from.slopes.x, slopes.x);
+  }
 };
 
 /// So close to the critical point the table and its slopes are rough.
@@ -56,7 +65,25 @@ template <class Num>
          (r < r_end + doubt_r);
 }
 
-/// The solution on the table, by Newton's iteration over the table's variable.
+/// A step of Newton's iteration over the table's variable: from which quality, with which slopes.
+template <class Num>
+struct TableStepOf {
+  Num x;
+  SlopesOf<Num> over_r;
+  Num step;
+};
+template <Quantity A, Quantity B, class Num>
+[[gnu::always_inline]] inline TableStepOf<Num> table_step(const SaturatedBand& band, Num r, Num a,
+                                                          Num b) {
+  const TabulatedSaturationOf<Num> saturation(band, r);
+  const SlopedEndsOf<Num> first = saturation.template sloped_ends<A>();
+  const SlopedEndsOf<Num> second = saturation.template sloped_ends<B>();
+  const auto [value, x] = excess(first.value, second.value, a, b);
+  const SlopesOf<Num> over_r = slopes(first, second, x);
+  return {x, over_r, -value / over_r.excess};
+}
+
+/// The solution on the table.
 template <Quantity A, Quantity B, class Num>
 StartOf<Num> tabulated(const SaturatedBand& band, Num a, Num b, Num t) {
   // Beyond 350 °C by what overlaps need.
@@ -68,36 +95,21 @@ StartOf<Num> tabulated(const SaturatedBand& band, Num a, Num b, Num t) {
   MaskOf<Num> open = true;
   constexpr int most_steps = 10;
   for (int n = 0; n < most_steps; ++n) {
-    const TabulatedSaturationOf<Num> saturation(band, r);
-    const SlopedEndsOf<Num> first = saturation.template sloped_ends<A>();
-    const SlopedEndsOf<Num> second = saturation.template sloped_ends<B>();
-    const ExcessOf<Num> e = excess(first.value, second.value, a, b);
+    const TableStepOf<Num> at = table_step<A, B>(band, r, a, b);
     // After two steps a wet state is close.
     const double beyond = n < 2 ? 1 : 0.01;
-    open &= numbers::abs(e.x - 0.5) < 0.5 + beyond;
-    if (!numbers::any(open)) {
-      return start;
-    }
-    const SlopesOf<Num> over_r = slopes(first, second, e.x);
-    const Num step = -e.value / over_r.excess;
-    const Num next = numbers::smaller(Num(r_most), numbers::larger(Num(r_least), r + step));
+    open &= numbers::abs(at.x - 0.5) < 0.5 + beyond;
+    const Num next = numbers::smaller(Num(r_most), numbers::larger(Num(r_least), r + at.step));
     constexpr double enough = 1e-5;  // the next step is as exact as the table
-    const MaskOf<Num> ends = open & (numbers::abs(step) <= enough);
+    const MaskOf<Num> ends = open & (numbers::abs(at.step) <= enough);
     if (numbers::any(ends)) {
-      const auto take = [&ends](Num & to, Num from) __attribute__((always_inline)) {
-        to = numbers::select(ends, from, to);
-      };
-      const Num over_t = -0.5 / r;
-      const Num x = e.x + over_r.x * step;
-      start.promising |= ends & is_promising(band, next, x);
-      take(start.t, temperature_of(next));
-      take(start.x, x);
-      take(start.slopes.excess, over_r.excess * over_t);
-      take(start.slopes.x, over_r.x * over_t);
+      const Num x = at.x + at.over_r.x * at.step, over_t = -0.5 / r;
+      const SlopesOf<Num> slopes{at.over_r.excess * over_t, at.over_r.x * over_t};
+      start.take(ends, {is_promising(band, next, x), temperature_of(next), x, slopes});
     }
     open &= (!ends) & !(next == r);
     if (!numbers::any(open)) {
-      return start;
+      break;
     }
     r = next;
   }

@@ -87,7 +87,7 @@ struct Chart {
     return std::bit_cast<std::uint32_t>(words[cell]);
   }
   [[nodiscard]] const float* polynomials() const {
-    return words + axes.first.cells * axes.second.cells;
+    return words + static_cast<std::ptrdiff_t>(axes.first.cells) * axes.second.cells;
   }
 };
 
