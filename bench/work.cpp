@@ -39,17 +39,33 @@ const std::vector<Task>& tasks() {
   return all;
 }
 
+namespace {
+
+bool is_wet(Region region) { return region == Region::wet || region == Region::wet_above_350; }
+
+/// Evenly in temperature and quality, where the surveys prefer the boundaries.
+steam::State wet_state(Region region, std::mt19937_64& random) {
+  constexpr double t_350 = 350, t_last = 374.1;
+  const bool low = region == Region::wet;
+  std::uniform_real_distribution t(low ? 0.01 : t_350, low ? t_350 : t_last), x(0.0, 1.0);
+  const double its_t = t(random);
+  return *steam::state(Pair::tx, its_t, x(random));
+}
+
+}  // namespace
+
 bool applies(const Task& task, Region region) {
-  const bool is_wet = region == Region::wet || region == Region::wet_above_350;
   const bool with_x = round_trips::name(task.pair)[1] == 'x';
-  return with_x ? is_wet : !(task.pair == Pair::pt && is_wet);
+  return with_x ? is_wet(region) : !(task.pair == Pair::pt && is_wet(region));
 }
 
 Rows rows(const Task& task, Region region, std::size_t count) {
   std::mt19937_64 random(7);
   Rows all;
   while (all.first.size() < count) {
-    const auto g = round_trips::given(task.pair, round_trips::random_state(region, random));
+    const steam::State state =
+        is_wet(region) ? wet_state(region, random) : round_trips::random_state(region, random);
+    const auto g = round_trips::given(task.pair, state);
     // Of several states of a pair only the preferred one is searched; of (h,u) that is mostly in
     // another region.
     if (task.pair == Pair::hu || steam::value(task.pair, g.first, g.second, Property::region) ==

@@ -53,10 +53,8 @@ namespace margins {
 using numbers::all, numbers::any;
 
 /// The tables know saturation pressures to a few 1e-5, saturated volumes of subregion 3 to 1e-8
-/// but for the last 0.2 K, where they are not asked.
-constexpr double saturation_doubt = 1e-4, volume_doubt = 1e-6, quality_doubt = 5e-6;
-/// On a line of one pressure or temperature, where the phases meet in one state, the table's own.
-constexpr double line_quality_doubt = 1e-8;
+/// but for the last 0.2 K, where they are not asked; qualities to less than 1e-8.
+constexpr double saturation_doubt = 1e-4, volume_doubt = 1e-6, quality_doubt = 1e-8;
 constexpr double t_doubtful = t_critical - 0.3;
 /// Rounding of a computed pressure or temperature.
 constexpr double p_doubt = 1e-8, t_doubt = 1e-6;
@@ -197,16 +195,16 @@ MaskOf<Num> is_amid(Num x) {
 }
 
 /// Inside the wet states, whatever is beyond 350 °C.
-/// @param x      the quality, as good as the table
-/// @param doubt  what no state of one phase can look like beside saturation
+/// @param x  the quality, as good as the table
 template <class Num>
-MaskOf<Num> is_wet_inside(Num t, Num x, Overlap overlap, double doubt) {
+MaskOf<Num> is_wet_inside(Num t, Num x, Overlap overlap) {
   // Where the saturation line misses Clapeyron's equation by more than a pressure of water tells.
   constexpr double t_cold = 40;
   // So close to the critical point the two phases are told apart amid them only.
   constexpr double t_merging = t_critical - 0.02;
-  const Num least = numbers::select(t < t_cold, Num(overlap.quality + doubt), Num(doubt));
-  const MaskOf<Num> inside = (x > least) & (x < 1 - doubt);
+  const Num least =
+      numbers::select(t < t_cold, Num(overlap.quality + quality_doubt), Num(quality_doubt));
+  const MaskOf<Num> inside = (x > least) & (x < 1 - quality_doubt);
   const MaskOf<Num> clear = t < t_doubtful;
   return (t > t_lowest + t_doubt) & ((clear & inside) | ((!clear) & (t < t_merging) & is_amid(x)));
 }
@@ -215,12 +213,12 @@ MaskOf<Num> is_wet_inside(Num t, Num x, Overlap overlap, double doubt) {
 /// other can count before it.
 template <class Num>
 MaskOf<Num> is_clear_wet(Num t, Num x, Overlap overlap) {
-  return is_wet_inside(t, x, overlap, quality_doubt) & (t < t_350 - overlap.kelvins);
+  return is_wet_inside(t, x, overlap) & (t < t_350 - overlap.kelvins);
 }
 
 /// A wet state of two values that are neither pressure nor temperature.
 inline Sure of_wet(double t, double x, Overlap overlap) {
-  if (!is_wet_inside(t, x, overlap, quality_doubt)) {
+  if (!is_wet_inside(t, x, overlap)) {
     return unsure;
   }
   const double past_350 = t - t_350;
@@ -239,7 +237,7 @@ template <class Num>
 MaskOf<Num> is_wet_on_line(Num t, Num x, Overlap overlap) {
   const MaskOf<Num> beside_350 =
       (numbers::abs(t - t_350) < t_doubt) | ((t > t_350) & (t < t_350 + overlap.kelvins));
-  return is_wet_inside(t, x, overlap, line_quality_doubt) & ((!beside_350) | is_amid(x));
+  return is_wet_inside(t, x, overlap) & ((!beside_350) | is_amid(x));
 }
 
 /// Whether a neighbour has a state of a pair.
