@@ -5,6 +5,7 @@
 #include <limits>
 #include <sstream>
 #include <string_view>
+#include <utility>
 
 #include "classic/frame/diagnostics.hpp"
 #include "classic/regions/region.hpp"
@@ -88,14 +89,11 @@ VekFinder finder_of(steam::Pair pair) {
 
 Reply request(VekFinder finder, double first, double second, const std::string& list,
               std::size_t items) {
-  Reply reply;
-  reply.values.assign(items, untouched);
+  std::vector<double> values(items, untouched);
   const Diagnostics diagnostics;
-  vek(finder, &first, &second, list.c_str(), reply.values.data());
-  reply.flag = VEKHasError();
-  reply.diagnostics = diagnostics.text();
-  std::replace(reply.values.begin(), reply.values.end(), untouched, steam::missing);
-  return reply;
+  vek(finder, &first, &second, list.c_str(), values.data());
+  std::replace(values.begin(), values.end(), untouched, steam::missing);
+  return {std::move(values), VEKHasError(), diagnostics.text()};
 }
 
 std::vector<steam::Property> classic_properties() {
@@ -108,15 +106,13 @@ std::vector<steam::Property> classic_properties() {
 }
 
 ClassicAnswer ask_classic(VekFinder finder, double first, double second) {
-  ClassicAnswer answer;
-  answer.region = region_of(finder, first, second);
-  answer.is_placed = answer.region != classic::refused;
-  answer.reply = request(finder, first, second, list_for(answer.region), items.size());
+  const int region = region_of(finder, first, second);
+  Reply reply = request(finder, first, second, list_for(region), items.size());
   for (std::size_t i = 0; i < items.size(); ++i) {
-    double& value = answer.reply.values[i];
+    double& value = reply.values[i];
     value = items[i].only_in_one_phase && value == 0 ? steam::missing : value * items[i].unit;
   }
-  return answer;
+  return {region, region != classic::refused, std::move(reply)};
 }
 
 }  // namespace comparison

@@ -16,7 +16,7 @@ VekFinder finder_of(steam::Pair pair);
 /// A request with all that came of it.
 struct Reply {
   std::vector<double> values;  ///< NaN in slots without a value
-  int flag = 0;
+  int flag;
   std::string diagnostics;  ///< all lines
 };
 
@@ -27,8 +27,8 @@ Reply request(VekFinder finder, double first, double second, const std::string& 
 
 /// All properties of a state.
 struct ClassicAnswer {
-  int region = 0;
-  bool is_placed = false;
+  int region;
+  bool is_placed;
   Reply reply;  ///< values of `classic_properties`, in the engine's units
 };
 
