@@ -3,7 +3,7 @@ from math import isnan
 
 from . import _core
 from ._quantities import registry_of
-from ._tables import LIQUID, PROPERTIES, VAPOUR, pair_of, refusal
+from ._tables import LIQUID, PROPERTIES, VAPOUR, number, pair_of, refusal
 
 _INDEX = {p.identifier: i for i, p in enumerate(PROPERTIES)}
 _COUNT = len(PROPERTIES)
@@ -127,7 +127,7 @@ def _find(known, si, most):
     units = registry_of(given)
     if units:
         given = units.magnitudes(given, sides, si)
-    given = [float(value) for value in given]
+    given = [number(letter, value) for letter, value in zip(pair.letters, given)]
     code, rows = _core.states(pair.number, *given, _NUMBERS, si, most)
     if code:
         raise ValueError(refusal(code, pair, given, si))

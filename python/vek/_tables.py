@@ -46,6 +46,16 @@ def pair_of(known):
     return pair
 
 
+def number(name, value):
+    """A known value of one state; a TypeError that names what is no number, nor is a text of digits."""
+    if not isinstance(value, (str, bytes, bytearray)):
+        try:
+            return float(value)
+        except TypeError:
+            pass
+    raise TypeError(f"{name} is of type {type(value).__name__}; a real number is accepted")
+
+
 def refusal(code, pair, values, si):
     """What a code says of a pair's values."""
     units = [side.property.si_unit if si else side.property.unit for side in (pair.first, pair.second)]

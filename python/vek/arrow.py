@@ -24,13 +24,22 @@ def add(table: Any, names: Any, *, si: bool = False, status: bool = False, **kno
 
 
 def evaluate(call, given, sides, fields, si):
-    given = [value.as_py() if isinstance(value, pa.Scalar) else value for value in given]
+    given = [_typed(value) for value in given]
     if not any(isinstance(value, (pa.Array, pa.ChunkedArray)) for value in given):
         return tuple(map(pa.scalar, tuple_of(call(*given))))
     in_chunks = any(isinstance(value, pa.ChunkedArray) for value in given)
     chunks = [tuple_of(call(*values)) for values in _chunks(given)]
     arrays = [[pa.array(result) for result in results] for results in zip(*chunks)]
     return tuple(pa.chunked_array(array) if in_chunks else array[0] for array in arrays)
+
+
+def _typed(value):
+    """Scalars as Python's; what has no type since all is missing is a number that is missing."""
+    if isinstance(value, (pa.Array, pa.ChunkedArray, pa.Scalar)) and value.type == pa.null():
+        value = value.cast(pa.float64())
+    if isinstance(value, pa.Scalar):
+        return float("nan") if value.as_py() is None else value.as_py()
+    return value
 
 
 def _chunks(given):

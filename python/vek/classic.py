@@ -28,8 +28,8 @@ def request(pair: str, first: float, second: float, items: str) -> Reply:
     if any(len(name) > 3 for name in names):
         raise ValueError(f"{items!r}: items are P, T, V, H, S, X, CP, DV, TC")
     text = "".join(name + "," for name in names)
-    values, flag, lines = _core.classic_request(known.number, float(first), float(second), text,
-                                                len(names))
+    given = map(_tables.number, pair, (first, second))
+    values, flag, lines = _core.classic_request(known.number, *given, text, len(names))
     return Reply(tuple(values), flag, lines.splitlines())
 
 
@@ -50,7 +50,7 @@ def compare(**known: float) -> Comparison:
     (340.56, 1493.28, 1152.71, 0)
     """
     pair = _tables.pair_of(known)
-    given = [float(known[side.property.letter]) for side in (pair.first, pair.second)]
+    given = [_tables.number(letter, known[letter]) for letter in pair.letters]
     values, flag, lines = _core.classic_answer(pair.number, *given)
     module = Values(*values)
     _, rows = _core.states(pair.number, *given, [p.number for p in _WANTED], False, 1)

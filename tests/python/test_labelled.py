@@ -93,6 +93,10 @@ def test_missing_values_have_no_state():
     for p in (pd.Series([1, None], dtype="Int64"), pl.Series([1, None]), pa.array([1, None])):
         h = vek.h(p=p, t=300)
         np.testing.assert_array_equal(np.asarray(h), [vek.h(p=1, t=300), np.nan])
+    nothing = pa.nulls(2)
+    for p in (nothing, pa.chunked_array([nothing]), pl.Series([None, None])):
+        assert np.isnan(np.asarray(vek.h(p=p, t=300))).all()
+    assert np.isnan(vek.h(p=nothing[0], t=300).as_py())
 
 
 def test_memory_is_shared_where_it_can_be(monkeypatch):

@@ -41,6 +41,17 @@ def test_states_speak():
         wet.entropie
 
 
+@pytest.mark.parametrize("value", ["1", b"1", np.str_("1"), 1j, None, [1], np.ones(2)])
+def test_one_state_is_known_by_numbers(value):
+    for call in (vek.state, vek.states, vek.si.state, vek.compare):
+        with pytest.raises(TypeError, match="p is of type"):
+            call(p=value, t=100)
+    with pytest.raises(TypeError):
+        vek.saturation(p=value)
+    with pytest.raises(TypeError):
+        vek.classic.request("pt", value, 100, "H")
+
+
 def test_si_is_the_same_in_other_units():
     water, ours = vek.si.state(p=1e6, t=373.15), vek.state(p=10, t=100)
     for p in _tables.PROPERTIES:
