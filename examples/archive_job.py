@@ -38,7 +38,8 @@ def map_file(archive, results, name):
     with parquet.ParquetFile(archive / name) as file:
         for batch in file.iter_batches(ROWS):
             batch = with_efficiency(batch)
-            writer = writer or parquet.ParquetWriter(part, batch.schema)
+            # Measured and computed values hardly repeat.
+            writer = writer or parquet.ParquetWriter(part, batch.schema, use_dictionary=False)
             writer.write_batch(batch)
             rows += batch.num_rows
     if writer:
