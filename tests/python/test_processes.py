@@ -71,9 +71,9 @@ def test_threads_are_those_that_nobody_else_uses():
 def test_importing_is_light():
     imported = """
         import sys, time
-        start = time.perf_counter()
+        start = time.process_time()  # whatever else the machine does
         import vek
-        took = time.perf_counter() - start
+        took = time.process_time() - start
         assert vek.h(p=10, t=100) > 0 and not {"numpy", "typing", "inspect"} & {*sys.modules}
         assert vek.si.h(p=1e6, t=400) > 0 and vek.ufuncs.ufunc and not hasattr(vek, "is")
         print(took)"""
