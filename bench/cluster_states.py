@@ -46,7 +46,10 @@ def checksum_of_rows(first, last, rows=1_000_000):
 
 
 def main(run):
-    """The program of a cluster: STATES and what else `run` takes. Ends with 1 where the bits are others."""
+    """The program of a cluster: STATES and what else `run` takes.
+
+    Ends with 1 where the bits are others or no worker was killed.
+    """
     states, *how = map(float, sys.argv[1:])
     start = time.perf_counter()
     total, peak, killed = run(int(states), *how)
@@ -58,4 +61,4 @@ def main(run):
           f"{states / seconds / 1e6:.2f} million a second, ten times as many in at most "
           f"{10 * (seconds + alone_seconds) / 60:.0f} min; one process: {alone_seconds:.0f} s; {same}; "
           f"at most {peak:.0f} MB in a worker, {killed} killed on the way")
-    sys.exit(total != alone)
+    sys.exit(total != alone or not killed)
