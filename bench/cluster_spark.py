@@ -26,9 +26,15 @@ def _checksums(batches):
                                "peak": pa.array([psutil.Process().memory_info().rss], pa.int64())})
 
 
+def _is_executor(process):
+    try:
+        return "CoarseGrainedExecutorBackend" in " ".join(process.cmdline())
+    except psutil.Error:  # it has ended meanwhile
+        return False
+
+
 def _executors():
-    return [process for process in psutil.Process().children(recursive=True)
-            if "CoarseGrainedExecutorBackend" in " ".join(process.cmdline())]
+    return [*filter(_is_executor, psutil.Process().children(recursive=True))]
 
 
 def _kill_one(after, killed):
