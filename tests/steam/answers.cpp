@@ -111,7 +111,7 @@ double rounding(const State& s, Pair pair) {
     return 3e-10;
   }
   if (letters[1] == 'x' && pair > Pair::tx) {
-    return s.t > 374.149 ? 2e-8 : 1e-9;
+    return s.t > 374.149 ? 4e-8 : 1e-9;
   }
   if (pair == Pair::hs || pair == Pair::us) {
     return 2e-11;

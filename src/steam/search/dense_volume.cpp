@@ -24,12 +24,12 @@ constexpr double table_doubt = 1.5e-3;
 
 /// The volume of the highest pressure that the vapour of such an isotherm has.
 double summit(const Isotherm& isotherm) {
-  constexpr double v_vapour = 0.0033;
+  constexpr Bracket summits{0.003182, 0.003191};
   const auto slope = [&](double v) {
     return Slope{formulation::pressure(isotherm, v).over_v,
                  std::numeric_limits<double>::quiet_NaN()};
   };
-  return root(slope, v_between, v_vapour, HUGE_VAL, false, {.step = 1e-9, .noise = 0}).x;
+  return root(slope, summits.low, summits.high, HUGE_VAL, false, {.step = 1e-9, .noise = 0}).x;
 }
 
 /// Where the volume of a phase is.
@@ -59,6 +59,20 @@ double volume_in(Bracket bracket, const Isotherm& isotherm, double p, double sta
   return root(excess, bracket.low, bracket.high, start, false, enough).x;
 }
 
+/// Saturated volumes next to the critical point, where the table hardly knows them and a wide
+/// bracket costs steps: above `t_merging`, and where both phases have the same one.
+constexpr Bracket merging{0.0031, 0.0033}, merged{0.003145, 0.003176};
+
+double saturated_in(Region branch, const Isotherm& isotherm, double p, double t, double start) {
+  Bracket bracket = bracket_of(branch, isotherm, p, t);
+  if (t > t_merging) {
+    const Bracket& near_critical = t < t_jump ? merging : merged;
+    bracket = {std::max(bracket.low, near_critical.low),
+               std::min(bracket.high, near_critical.high)};
+  }
+  return volume_in(bracket, isotherm, p, start);
+}
+
 }  // namespace
 
 double dense_volume(Region branch, double p, double t) {
@@ -73,14 +87,21 @@ double dense_volume(Region branch, double p, double t) {
   return volume_in(bracket_of(branch, isotherm, p, t), isotherm, p, start);
 }
 
+double saturated_volume(bool is_vapour, double t, double p_saturation) {
+  const SaturatedVolumes start = rough_saturated_volumes(t);
+  const Isotherm isotherm = formulation::isotherm3<SharedDivisions<>>(t);
+  return is_vapour && t < t_jump
+             ? saturated_in(Region::dense_steam, isotherm, p_saturation, t, start.vapour)
+             : saturated_in(Region::hot_water, isotherm, p_saturation, t, start.liquid);
+}
+
 SaturatedVolumes saturated_volumes(double t, double p_saturation) {
   const SaturatedVolumes start = rough_saturated_volumes(t);
-  const auto isotherm = formulation::isotherm3<SharedDivisions<>>(t);
-  const auto volume = [&](Region branch, double first) {
-    return volume_in(bracket_of(branch, isotherm, p_saturation, t), isotherm, p_saturation, first);
-  };
-  const double liquid = volume(Region::hot_water, start.liquid);
-  const double vapour = t < t_jump ? volume(Region::dense_steam, start.vapour) : liquid;
+  const Isotherm isotherm = formulation::isotherm3<SharedDivisions<>>(t);
+  const double liquid = saturated_in(Region::hot_water, isotherm, p_saturation, t, start.liquid);
+  const double vapour =
+      t < t_jump ? saturated_in(Region::dense_steam, isotherm, p_saturation, t, start.vapour)
+                 : liquid;
   return {liquid, std::max(liquid, vapour)};
 }
 

@@ -22,6 +22,8 @@ using SaturatedVolumes = SaturatedVolumesOf<double>;
 /// @note  Within 0.0006 K below the critical temperature the equation has one root only at that
 ///        pressure; both phases have it then.
 SaturatedVolumes saturated_volumes(double t, double p_saturation);
+/// One of them.
+double saturated_volume(bool is_vapour, double t, double p_saturation);
 
 /// The same from the table, to 1e-8, next to the critical point 1e-3.
 template <class Num>

@@ -64,7 +64,7 @@ struct MixedQuantity {
   }
   template <class Saturation>
   [[nodiscard]] double exact(double t) const {
-    const Saturation saturation(t, saturation_pressure(t));
+    const auto saturation = at<Saturation>(t, saturation_pressure(t));
     return with_quantity(q, [&]<Quantity Q>() { return saturation.template ends<Q>(); }).mixed(x) -
            value;
   }
@@ -72,7 +72,7 @@ struct MixedQuantity {
   template <class Saturation>
   [[nodiscard]] Slope sloped(double t) const {
     const SaturationPressure line = sloped_saturation_pressure(t);
-    const Saturation saturation(t, line.p);
+    const auto saturation = at<Saturation>(t, line.p);
     const SlopedEnds ends = with_quantity(
         q, [&]<Quantity Q>() { return saturation.template sloped_ends<Q>(line.over_t); });
     return {ends.value.mixed(x) - value, ends.slope.mixed(x)};
@@ -83,6 +83,17 @@ struct MixedQuantity {
   [[nodiscard]] double rounding() const {
     const SaturatedFigures& figures = figures_of(q);
     return figures.rounding + figures.relative_rounding * value;
+  }
+
+ private:
+  /// The saturated states that the quality needs.
+  template <class Saturation>
+  [[nodiscard]] Saturation at(double t, double p) const {
+    if constexpr (std::is_same_v<Saturation, HighSaturation>) {
+      return {t, p, x};
+    } else {
+      return {t, p};
+    }
   }
 };
 

@@ -34,11 +34,11 @@ using LowSaturation = LowSaturationOf<double>;
 /// The same above 350 °C, on the equation of subregion 3.
 class HighSaturation {
  public:
-  HighSaturation(double t, double p)
-      : t_(t),
-        volumes_(saturated_volumes(t, p)),
-        liquid_(Dense::terms(volumes_.liquid, t)),
-        vapour_(Dense::terms(volumes_.vapour, t)) {}
+  HighSaturation(double t, double p) : HighSaturation(t, saturated_volumes(t, p)) {}
+  /// Of a quality that is 0 or 1 that phase alone, which stands for both.
+  HighSaturation(double t, double p, double x)
+      : HighSaturation(t, x == 0 || x == 1 ? alone(saturated_volume(x == 1, t, p))
+                                           : saturated_volumes(t, p)) {}
   template <Quantity Q>
   [[nodiscard]] Ends ends() const {
     return {value_of<Dense, Q>(liquid_, volumes_.liquid, t_),
@@ -54,6 +54,12 @@ class HighSaturation {
   }
 
  private:
+  HighSaturation(double t, SaturatedVolumes volumes)
+      : t_(t),
+        volumes_(volumes),
+        liquid_(Dense::terms(volumes.liquid, t)),
+        vapour_(volumes.vapour == volumes.liquid ? liquid_ : Dense::terms(volumes.vapour, t)) {}
+  static SaturatedVolumes alone(double v) { return {v, v}; }
   static double v_over_t(const Terms3& s, double p_over_t) {
     return (p_over_t - pressure3_over_t(s)) / pressure3_over_v(s);
   }

@@ -129,23 +129,30 @@ class Scan {
     const double f_left = f(left).value, f_right = f(right).value;
     if (f_left * f_right < 0) {
       constexpr double enough = 1e-7;  // the last step is as exact as the table
-      return approach<Saturation>(
-          cell, f, root(f, left, right, HUGE_VAL, f_left < 0, {.step = enough, .noise = 0}).x);
+      const Enough last{.step = enough, .noise = 0};
+      return add_in(
+          cell, approach<Saturation>(cell, f, root(f, left, right, HUGE_VAL, f_left < 0, last).x));
     }
-    // The sides of neighbouring cells do not quite meet, and those at the end of a band may have a
-    // solution just at the end.
+    // The sides of neighbouring cells do not quite meet: what is beyond the side is found in the
+    // neighbour. At the end of a band, where the quantity may turn too, the equations tell.
+    const auto at_side = [&](double z, bool ends_band) {
+      const double t = approach<Saturation>(cell, f, z);
+      return add_in(cell, t) || (!ends_band && !std::isnan(t));
+    };
+    bool sure = true;
     if (left == cell.z_least() && std::abs(f_left) <= target_.doubt()) {
-      approach<Saturation>(cell, f, left);
+      sure = at_side(left, cell.is_first());
     }
     if (right == 1 && std::abs(f_right) <= target_.doubt()) {
-      approach<Saturation>(cell, f, right);
+      sure = at_side(right, cell.is_last()) && sure;
     }
-    return true;
+    return sure;
   }
 
   /// From a root of the polynomial with its slope.
+  /// @return  the temperature; not a number where that does not lead to one
   template <class Saturation>
-  bool approach(const Cell& cell, const CellPolynomial& f, double z) {
+  double approach(const Cell& cell, const CellPolynomial& f, double z) {
     const double r = cell.root(z);
     const double slope = -f(z).derivative * cell.band->scale / r;  // over t
     double t = temperature_of(r);
@@ -155,14 +162,14 @@ class Scan {
       t += step;
       constexpr double widest_step = 1e-2;
       if (!(std::abs(step) <= widest_step)) {
-        return false;
+        return missing;
       }
       constexpr double straight = 1e-8;  // K: so far the slope of the table is good enough
       if (std::abs(step) <= std::min(wet::small_step(t), straight)) {
-        return add_in(cell, t);
+        return t;
       }
     }
-    return false;
+    return missing;
   }
 
   /// A solution may be a little beyond the side of its cell, but not beyond its band.
