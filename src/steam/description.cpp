@@ -1,3 +1,5 @@
+#include <cfenv>
+
 #include "steam/arguments.hpp"
 #include "steam/host_environment.hpp"
 #include "steam/property_table.hpp"
@@ -30,7 +32,12 @@ size_t vek_steam_text(const vek_steam_refusal* refusal, size_t refusal_size, cha
     return 0;
   }
   const HostEnvironment host;
-  return static_cast<size_t>(write_text(*refusal, buffer, buffer ? size : 0));
+  // Printing rounds as the x87 unit does, which else has no part in the engine.
+  const int rounding = std::fegetround();
+  std::fesetround(FE_TONEAREST);
+  const int length = write_text(*refusal, buffer, buffer ? size : 0);
+  std::fesetround(rounding);
+  return static_cast<size_t>(length);
 }
 
 int vek_steam_property_count(void) { return static_cast<int>(property_count); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cfenv>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "answers.hpp"
@@ -74,6 +75,9 @@ Told told(Pair pair, const boundary_states::Rows& rows, unsigned threads) {
   for (std::size_t i = 0; i < rows.first.size(); ++i) {
     if (const auto one = steam::state(pair, rows.first[i], rows.second[i])) {
       all.add(*one);
+    } else {
+      const std::string words = steam::text(one.refusal());
+      all.numbers.insert(all.numbers.end(), words.begin(), words.end());
     }
     for (const auto& state : steam::states(pair, rows.first[i], rows.second[i])) {
       all.add(state);
