@@ -104,20 +104,30 @@ constexpr bool wants_one_phase(const Needs& needs) {
   return needs.parts.cp || needs.parts.slopes || needs.viscosity || needs.conductivity;
 }
 
+/// The parts of both phases that the mixture takes, but for those that tell the quality.
+constexpr Parts mixed_parts(const Needs& needs) {
+  return {.v = needs.parts.v, .h = needs.parts.h, .s = needs.parts.s};
+}
+
+/// Whether a wet state needs its phases.
+/// @param given  what the quality follows from; x if it is known
+constexpr bool needs_phases(Quantity given, const Needs& needs) {
+  const bool wants_quality = needs.quality || wants_one_phase(needs);
+  return !mixed_parts(needs).within(nothing) || (wants_quality && given != Quantity::x);
+}
+
 /// Quality and mixed quantities.
 /// @param phases_of  gives the parts of both phases that are asked for
 template <class Num, class PhasesOf>
 void mixture(const SiteOf<Num>& site, const Needs& needs, BasisOf<Num>& out,
              const PhasesOf& phases_of) {
-  Parts wanted{.v = needs.parts.v, .h = needs.parts.h, .s = needs.parts.s};
-  const bool is_open = site.given != Quantity::x;
-  const bool wants_quality = needs.quality || wants_one_phase(needs);
-  if (wanted.within(nothing) && !(wants_quality && is_open)) {
+  if (!needs_phases(site.given, needs)) {
     out.x = site.x;
     return;
   }
-  const Parts for_quality = parts_of(site.given);
-  wanted = {wanted.v || for_quality.v, wanted.h || for_quality.h, wanted.s || for_quality.s};
+  const bool is_open = site.given != Quantity::x;
+  const Parts mixed = mixed_parts(needs), for_quality = parts_of(site.given);
+  const Parts wanted{mixed.v || for_quality.v, mixed.h || for_quality.h, mixed.s || for_quality.s};
   const Phases<Num> phases = phases_of(wanted);
   const auto& [liquid, vapour] = phases;
   const EndsOf<Num> given{quantity_of(liquid, site.given, site.p),

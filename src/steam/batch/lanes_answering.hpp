@@ -21,7 +21,7 @@ class Answering {
     write(group, found, site, one_phase_, Exists{in_answers | in_one_phase});
   }
 
-  /// Writes what is wanted of wet states up to 350 °C.
+  /// Writes what is wanted of wet states; above 350 °C where no phase is needed.
   void write_wet(const Group<Num>& group, unsigned found, const SiteOf<Num>& site) {
     completion::take_place(wet_, site);
     completion::mixture(site, block_.wanted.needs, wet_, [&site](const Parts& wanted) {

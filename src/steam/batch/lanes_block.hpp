@@ -24,9 +24,9 @@ class AtQuality : Answering<P, Num> {
       (is_clear ? rows : this->left_).add(row);
     }
     each_group<Num>(rows, [&](const Group<Num>& group) {
-      const auto [p, t, is_low] =
+      const auto [p, t, is_clear] =
           clear_saturation<known_of(P).first == Quantity::p>(group.of(block.first));
-      const unsigned found = numbers::lanes_of(is_low) & group.lanes;
+      const unsigned found = numbers::lanes_of(is_clear & (t <= t_350)) & group.lanes;
       this->leave(group, group.lanes & ~found);
       const SiteOf<Num> site{.region = Region::wet, .p = p, .t = t, .x = group.of(block.second)};
       this->write_wet(group, found, site);

@@ -181,20 +181,21 @@ class InCells : Answering<P, Num> {
     if constexpr (P == Pair::pt) {
       this->leave(group, group.lanes);
     } else if constexpr (is_line(P)) {
-      wet_on_line(group);
+      wet_on_line(Region::wet, group);
     } else {
       wet_in_plane(group);
     }
   }
 
-  void wet_on_line(const Group<Num>& group) {
+  void wet_on_line(Region region, const Group<Num>& group) {
     const Num b = group.of(block_.second);
-    const auto [p, t, is_low] =
+    const auto [p, t, is_clear] =
         clear_saturation<known_of(P).first == Quantity::p>(group.of(block_.first));
     const auto [x, is_sure, is_first] = steam::on_wet_line<P>(t, b);
-    const unsigned found = settle(group, {is_low & is_first, is_low & !is_first});
+    const MaskOf<Num> here = is_clear & (region == Region::wet ? t <= t_350 : t > t_350);
+    const unsigned found = settle(group, {here & is_first, here & !is_first});
     if (found != 0) {
-      this->write_wet(group, found, site_on_wet_line<P>(Region::wet, p, t, b));
+      this->write_wet(group, found, site_on_wet_line<P>(region, p, t, b));
     }
   }
 
@@ -211,18 +212,25 @@ class InCells : Answering<P, Num> {
     }
   }
 
-  /// These are found alone; but of two values that are neither pressure nor temperature the table
-  /// may tell that there is none.
+  /// Phases above 350 °C are found alone; but on a line the table may do without them, and of two
+  /// values that are neither pressure nor temperature it may tell that there is no such state.
   void wet_above_350(const Group<Num>& group) {
-    MaskOf<Num> may_be = true;
-    if constexpr (!is_line(P)) {
+    if constexpr (P == Pair::pt) {
+      this->leave(group, group.lanes);
+    } else if constexpr (is_line(P)) {
+      if (completion::needs_phases(known_of(P).second, block_.wanted.needs)) {
+        this->leave(group, group.lanes);
+      } else {
+        wet_on_line(Region::wet_above_350, group);
+      }
+    } else {
       constexpr Known k = known_of(P);
-      may_be = wet::tabulated<k.first, k.second>(saturated_above_350, group.of(block_.first),
-                                                 group.of(block_.second),
-                                                 start(Region::wet_above_350, group).t)
-                   .promising;
+      const MaskOf<Num> may_be = wet::tabulated<k.first, k.second>(
+                                     saturated_above_350, group.of(block_.first),
+                                     group.of(block_.second), start(Region::wet_above_350, group).t)
+                                     .promising;
+      settle(group, {MaskOf<Num>(false), !may_be});
     }
-    settle(group, {MaskOf<Num>(false), !may_be});
   }
 
   /// Sends rows on or leaves them.

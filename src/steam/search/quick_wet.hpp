@@ -34,7 +34,7 @@ template <Pair P, class Num>
 template <class Num>
 struct SaturatedAt {
   Num p, t;
-  MaskOf<Num> is_clear;  ///< up to 350 °C, and to the rounding; else p and t mean nothing
+  MaskOf<Num> is_clear;  ///< to the rounding; else p and t mean nothing
 };
 template <bool by_pressure, class Num>
 SaturatedAt<Num> clear_saturation(Num given) {
@@ -42,9 +42,9 @@ SaturatedAt<Num> clear_saturation(Num given) {
     const MaskOf<Num> is_tabulated = (given >= p_lowest_clear) & (given < p_fitted);
     const auto [t, is_exact] =
         fitted_saturation_temperature(numbers::select(is_tabulated, given, Num(1)));
-    return {given, t, MaskOf<Num>(is_tabulated & is_exact & (t <= t_350))};
+    return {given, t, MaskOf<Num>(is_tabulated & is_exact)};
   } else {
-    return {saturation_pressure(given), given, MaskOf<Num>(given <= t_350)};
+    return {saturation_pressure(given), given, MaskOf<Num>(given < t_critical)};
   }
 }
 
