@@ -164,19 +164,37 @@ void Polynomials::add(const Polynomial& coefficients, const std::vector<Point>& 
   }
 }
 
-/// The word of a cell, after which its polynomials are appended.
-std::uint32_t add_cell(Polynomials& polynomials, const std::map<Region, Patch>& patches) {
-  std::multimap<std::size_t, Region, std::greater<>> by_states;
+/// The regions of a cell in the order in which they are to be tried: the one of most states first.
+/// Of (h,s) and (u,s) wet states come before one phase: a table tells those at once, while steam
+/// and subregion 3 beside them look much like them; but water, which does not, before all.
+std::vector<Region> in_turn(Pair pair, const std::map<Region, Patch>& patches) {
+  const bool is_any = pair != Pair::hs && pair != Pair::us;
+  const bool is_below_3 = !patches.contains(Region::dense_steam);
+  const auto rank = [&](Region region) {
+    const bool is_first = region == Region::water && is_below_3;
+    return is_any || is_first ? 0 : steam::is_wet(region) ? 1 : 2;
+  };
+  std::multimap<std::pair<int, std::ptrdiff_t>, Region> by_turn;
   for (const auto& [region, patch] : patches) {
-    by_states.emplace(patch.inside, region);
+    by_turn.emplace(std::pair(rank(region), -static_cast<std::ptrdiff_t>(patch.inside)), region);
   }
+  std::vector<Region> all;
+  for (const auto& [turn, region] : by_turn) {
+    all.push_back(region);
+  }
+  return all;
+}
+
+/// The word of a cell, after which its polynomials are appended.
+std::uint32_t add_cell(Polynomials& polynomials, Pair pair,
+                       const std::map<Region, Patch>& patches) {
   if (patches.size() > steam::Patches::most || polynomials.count() > 0xffff) {
     std::fprintf(stderr, "a cell has too many regions, or the chart too many polynomials\n");
     std::exit(2);
   }
   auto word = static_cast<std::uint32_t>(polynomials.count());
   int shift = 16;
-  for (const auto& [inside, region] : by_states) {
+  for (const Region region : in_turn(pair, patches)) {
     word |= static_cast<std::uint32_t>(region) << shift;
     shift += 4;
     const Patch& patch = patches.at(region);
@@ -216,7 +234,7 @@ TableFile chart_file(const steam::ChartLayout& layout, const Samples& samples) {
   Words words;
   Polynomials polynomials;
   for (const auto& patches : patches_of(layout.pair, steam::chart_axes(layout), samples)) {
-    words.push_back(add_cell(polynomials, patches));
+    words.push_back(add_cell(polynomials, layout.pair, patches));
   }
   const std::size_t begin = words.size() * sizeof(std::uint32_t);
   words.insert(words.end(), polynomials.words.begin(), polynomials.words.end());

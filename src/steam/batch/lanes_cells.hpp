@@ -87,7 +87,7 @@ class InCells : Answering<P, Num> {
       this->left_.add(row);
       return;
     }
-    const Patch patch = in_turn<P>(patches(row), number);
+    const Patch patch = patches(row)[number];
     polynomials_[row] = chart.polynomials() + chart_stride * patch.polynomials;
     waiting(patch.region).add(row);
   }

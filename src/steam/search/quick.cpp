@@ -45,8 +45,8 @@ Quick in_patch_of(const Place& here, const Patch& patch, double a, double b, Bas
 template <Pair P, Parts parts>
 Quick in_cell(double a, double b, Basis& basis) {
   const Place here = place(charts[static_cast<std::size_t>(P)], a, b);
-  for (std::size_t number = 0; number < here.patches.size(); ++number) {
-    const Quick quick = in_patch_of<P, parts>(here, in_turn<P>(here.patches, number), a, b, basis);
+  for (const Patch patch : here.patches) {
+    const Quick quick = in_patch_of<P, parts>(here, patch, a, b, basis);
     if (quick.is_first) {
       return quick;
     }

@@ -54,24 +54,6 @@ ClearRegion<Num> clear_region(Num p, Num t) {
   return clear;
 }
 
-/// The subregions that reach into a cell in the order in which they are tried. For two caloric
-/// values the wet ones come first: their table tells at once, while one phase beside them looks
-/// much like them.
-/// @param number  below the number of patches
-template <Pair P>
-Patch in_turn(const Patches& patches, std::size_t number) {
-  if constexpr (P == Pair::hs || P == Pair::us) {
-    for (const bool wet : {true, false}) {
-      for (const Patch& patch : patches) {
-        if (is_wet(patch.region) == wet && number-- == 0) {
-          return patch;
-        }
-      }
-    }
-  }
-  return patches[number];
-}
-
 /// What the polynomials of a region in a cell say.
 /// @param here  gives the value of polynomial 0 and 1
 template <Pair P, class Num, class Here>

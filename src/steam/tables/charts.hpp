@@ -32,8 +32,8 @@ constexpr std::uint32_t packed_unknowns(Pair pair) {
   return all;
 }
 
-/// The regions of a cell, the one of most states first. A cell is one word: in the lower half the
-/// number of its first polynomial, in the upper half up to four regions, four bits each.
+/// The regions of a cell in the order in which they are tried. A cell is one word: in the lower
+/// half the number of its first polynomial, in the upper half up to four regions, four bits each.
 class Patches {
  public:
   static constexpr std::size_t most = 4;
