@@ -141,7 +141,7 @@ void mixture(const SiteOf<Num>& site, const Needs& needs, BasisOf<Num>& out,
 
 /// Viscosity and conductivity as needed, from v and t.
 template <class Num>
-void transport(BasisOf<Num>& basis, const Needs& needs) {
+[[gnu::noinline]] void transport(BasisOf<Num>& basis, const Needs& needs) {
   if (needs.viscosity) {
     basis.viscosity = formulation::viscosity<SharedDivisions<Num>>(basis.v, basis.t);
   }
@@ -170,8 +170,8 @@ void take_place(BasisOf<Num>& basis, const SiteOf<Num>& site) {
 /// What follows from the pair: the given values come back as they are, and the energy, and the
 /// transport of one phase. Only an approximate state has its own in place of the second value.
 template <class Num>
-void for_pair(BasisOf<Num>& basis, Pair pair, Num first, Num second, const SiteOf<Num>& site,
-              const Needs& needs) {
+[[gnu::always_inline]] inline void for_pair(BasisOf<Num>& basis, Pair pair, Num first, Num second,
+                                            const SiteOf<Num>& site, const Needs& needs) {
   const Known& k = known_of(pair);
   // Of two values that are neither p nor t, an approximate state has the one whose line was
   // followed.
@@ -187,7 +187,7 @@ void for_pair(BasisOf<Num>& basis, Pair pair, Num first, Num second, const SiteO
   if (!gives_u || (site.approximate && !(k.first == Quantity::u && !follows_second))) {
     basis.u = basis.h - kj_per_bar_m3 * site.p * basis.v;
   }
-  if (!is_wet(site.region)) {
+  if (!is_wet(site.region) && (needs.viscosity || needs.conductivity)) {
     transport(basis, needs);
   }
 }

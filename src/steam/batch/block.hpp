@@ -49,8 +49,12 @@ class Block {
 
  private:
   void read(const vek_steam_input& column, std::array<double, most>& values) const {
-    for (std::size_t row = 0; row < count; ++row) {
-      std::memcpy(&values[row], place_in(column, begin + row), sizeof values[row]);
+    if (column.stride == sizeof(double)) {
+      std::memcpy(values.data(), place_in(column, begin), count * sizeof(double));
+    } else {
+      for (std::size_t row = 0; row < count; ++row) {
+        std::memcpy(&values[row], place_in(column, begin + row), sizeof values[row]);
+      }
     }
     for (std::size_t row = count; row % 8 != 0; ++row) {
       values[row] = values[count - 1];
@@ -60,9 +64,17 @@ class Block {
 
 /// Rows of a block by their number in it.
 struct RowList {
-  std::array<std::uint16_t, Block::most> row;
+  std::array<std::uint16_t, Block::most + 1> row;  // one more for `add_lanes`
   std::size_t count = 0;
   void add(std::size_t number) { row[count++] = static_cast<std::uint16_t>(number); }
+  /// Adds those of `width` rows from `first` on whose bit is set.
+  template <std::size_t width>
+  void add_lanes(std::size_t first, unsigned lanes) {
+    for (std::size_t lane = 0; lane < width; ++lane) {
+      row[count] = static_cast<std::uint16_t>(first + lane);
+      count += lanes >> lane & 1;
+    }
+  }
   void add_all(std::size_t numbers) {
     for (std::size_t number = 0; number < numbers; ++number) {
       add(number);

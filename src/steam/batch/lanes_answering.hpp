@@ -51,10 +51,34 @@ class Answering {
                          wanted.needs);
     for (std::size_t i = 0; i < wanted.count; ++i) {
       const auto& row = property_rows_of<Num>[static_cast<std::size_t>(wanted.properties[i])];
-      const Num value = value_of(row, basis, kind);
-      each_lane_of(found, [&](std::size_t lane) {
-        block_.rows.write(block_.begin + group.row[lane], i, numbers::lane_of(value, lane));
-      });
+      write_column(group, found, i, value_of(row, basis, kind));
+    }
+    write_status(group, found);
+  }
+
+  /// Whether the rows can be written as one piece to a column.
+  static bool is_piece(const Group<Num>& group, unsigned found, const vek_steam_output& column,
+                       std::ptrdiff_t size) {
+    return group.are_next && found == group.lanes && column.stride == size;
+  }
+
+  void write_column(const Group<Num>& group, unsigned found, std::size_t column, Num value) const {
+    const vek_steam_output& to = block_.rows.outputs[column];
+    if (is_piece(group, found, to, sizeof(double))) {
+      std::memcpy(place_in(to, block_.begin + group.row[0]), &value, sizeof value);
+      return;
+    }
+    each_lane_of(found, [&](std::size_t lane) {
+      block_.rows.write(block_.begin + group.row[lane], column, numbers::lane_of(value, lane));
+    });
+  }
+
+  void write_status(const Group<Num>& group, unsigned found) const {
+    const vek_steam_output* to = block_.rows.status;
+    if (to && is_piece(group, found, *to, 1)) {
+      std::memset(place_in(*to, block_.begin + group.row[0]), static_cast<int>(Reason::none),
+                  Group<Num>::width);
+      return;
     }
     each_lane_of(found, [&](std::size_t lane) {
       block_.rows.write_status(block_.begin + group.row[lane], Reason::none);

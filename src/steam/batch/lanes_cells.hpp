@@ -53,8 +53,8 @@ class InCells : Answering<P, Num> {
       const ClearRegion<Num> clear = clear_region(a, b);
       const unsigned water = numbers::lanes_of(clear.water) & in_range;
       const unsigned steam = numbers::lanes_of(clear.steam) & in_range;
-      each_lane_of(water, [&](std::size_t lane) { waiting(Region::water).add(first + lane); });
-      each_lane_of(steam, [&](std::size_t lane) { waiting(Region::steam).add(first + lane); });
+      waiting(Region::water).template add_lanes<width>(first, water);
+      waiting(Region::steam).template add_lanes<width>(first, steam);
       charted = numbers::lanes_of(clear.dense) & in_range;
       this->leave_rows(first, ((1U << count) - 1) & ~water & ~steam & ~charted);
     } else {

@@ -35,8 +35,12 @@ struct Group {
   static constexpr int width = numbers::width_of<Num>;
   std::array<std::uint16_t, static_cast<std::size_t>(width)> row;
   unsigned lanes;  ///< those that hold a row of their own, as bits
+  bool are_next;   ///< whether all do, of rows that follow each other
 
   [[nodiscard]] Num of(const std::array<double, Block::most>& values) const {
+    if (are_next) {
+      return loaded<Num>(values, row[0]);
+    }
     Num all;
     for (int lane = 0; lane < width; ++lane) {
       all.set(lane, values[row[static_cast<std::size_t>(lane)]]);
@@ -53,10 +57,12 @@ void each_group(const RowList& list, const F& f) {
   for (std::size_t begin = 0; begin < list.count; begin += width) {
     Group<Num> group;
     const std::size_t own = std::min(width, list.count - begin);
+    group.lanes = (1U << own) - 1;
+    group.are_next = own == width;
     for (std::size_t lane = 0; lane < width; ++lane) {
       group.row[lane] = list.row[begin + std::min(lane, own - 1)];
+      group.are_next &= group.row[lane] == group.row[0] + lane;
     }
-    group.lanes = (1U << own) - 1;
     f(group);
   }
 }
