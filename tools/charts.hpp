@@ -1,13 +1,8 @@
 #pragma once
 
-#include <map>
-
-#include "samples.hpp"
+#include "patches.hpp"
 #include "steam/tables/chart_layout.hpp"
 #include "table_file.hpp"
 
-/// States of the regions that have polynomials.
-using Samples = std::map<steam::Region, std::vector<Sample>>;
-
-/// A pair's chart: a word for each cell, as class `steam::Patches` reads it, and the polynomials.
+/// A pair's chart: a word for each cell, as `steam::place` reads it, and what the words point to.
 TableFile chart_file(const steam::ChartLayout& layout, const Samples& samples);

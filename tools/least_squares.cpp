@@ -16,14 +16,51 @@ void for_each_power(F&& f) {
   }
 }
 
+/// x to each power.
+template <class Number>
+std::array<Number, steam::chart_degree + 1> powers(Number x) {
+  std::array<Number, steam::chart_degree + 1> all{1};
+  for (std::size_t i = 1; i < all.size(); ++i) {
+    all[i] = all[i - 1] * x;
+  }
+  return all;
+}
+
+/// Coefficients of (x / divisor + d) to a power.
+std::array<double, steam::chart_degree + 1> power_of(double divisor, double d, std::size_t power) {
+  std::array<double, steam::chart_degree + 1> c{1};
+  for (std::size_t n = 0; n < power; ++n) {
+    for (std::size_t i = n + 1; i > 0; --i) {
+      c[i] = c[i] * d + c[i - 1] / divisor;
+    }
+    c[0] *= d;
+  }
+  return c;
+}
+
 }  // namespace
 
+double value_at(const Polynomial& polynomial, const Point& point) {
+  const auto x = powers(point.x), y = powers(point.y);
+  double sum = 0;
+  for_each_power(
+      [&](std::size_t n, std::size_t i, std::size_t j) { sum += polynomial[n] * x[i] * y[j]; });
+  return sum;
+}
+
+Polynomial substituted(const Polynomial& polynomial, double divisor, double dx, double dy) {
+  Polynomial result{};
+  for_each_power([&](std::size_t n, std::size_t i, std::size_t j) {
+    const auto of_x = power_of(divisor, dx, i), of_y = power_of(divisor, dy, j);
+    for_each_power([&](std::size_t m, std::size_t k, std::size_t l) {
+      result[m] += polynomial[n] * of_x[k] * of_y[l];
+    });
+  });
+  return result;
+}
+
 LeastSquares::Numbers LeastSquares::monomials(const Point& p) {
-  std::array<long double, steam::chart_degree + 1> x{1}, y{1};
-  for (std::size_t i = 1; i < x.size(); ++i) {
-    x[i] = x[i - 1] * p.x;
-    y[i] = y[i - 1] * p.y;
-  }
+  const auto x = powers<long double>(p.x), y = powers<long double>(p.y);
   Numbers m{};
   for_each_power([&](std::size_t n, std::size_t i, std::size_t j) { m[n] = x[i] * y[j]; });
   return m;

@@ -12,6 +12,11 @@ struct Point {
   double x, y;
 };
 
+double value_at(const Polynomial& polynomial, const Point& point);
+
+/// The polynomial p(x / divisor + dx, y / divisor + dy) of x and y.
+Polynomial substituted(const Polynomial& polynomial, double divisor, double dx, double dy);
+
 /// Polynomials through values at the same points by least squares. Where the points leave
 /// coefficients open these stay small.
 class LeastSquares {

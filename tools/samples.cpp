@@ -17,8 +17,16 @@ double saturation(double t) {
 }
 
 /// Point i of n from a to b, close together at both ends.
-double spaced(double a, double b, int i, int n) {
+double spaced(double a, double b, double i, int n) {
   return a + (b - a) * (1 - std::cos(std::numbers::pi * i / (n - 1))) / 2;
+}
+
+/// Point i of n moved on towards the next, by another share for each j, so that points of rows do
+/// not stand in columns. The ends stay.
+double moved(int i, int n, int j) {
+  constexpr double golden = 0.6180339887498949;
+  const bool is_end = i == 0 || i == n - 1;
+  return is_end ? i : i + j * golden - std::floor(j * golden);
 }
 
 /// The same for a pressure: every other point by its logarithm, so that no decade is left out.
@@ -59,8 +67,8 @@ Sample mixed(const Sample& a, const Sample& b, double x) {
 std::vector<Sample> water(int n) {
   std::vector<Sample> all;
   for (int i = 0; i < n; ++i) {
-    const double t = spaced(steam::t_lowest, steam::t_350, i, n);
     for (int j = 0; j < n; ++j) {
+      const double t = spaced(steam::t_lowest, steam::t_350, moved(i, n, j), n);
       const double p = spaced_pressure(saturation(t), steam::p_highest, j, n);
       all.push_back(sample(steam::Water::terms(p, t), p, t));
     }
@@ -77,9 +85,9 @@ double steam_limit(double t) {
 std::vector<Sample> steam_states(int n) {
   std::vector<Sample> all;
   for (int i = 0; i < 2 * n; ++i) {
-    const double t = i < n ? spaced(steam::t_lowest, steam::t_line_end, i, n)
-                           : spaced(steam::t_line_end, steam::t_highest, i - n, n);
     for (int j = 0; j < n; ++j) {
+      const double t = i < n ? spaced(steam::t_lowest, steam::t_line_end, moved(i, n, j), n)
+                             : spaced(steam::t_line_end, steam::t_highest, moved(i - n, n, j), n);
       const double p = spaced_pressure(steam::p_lowest, steam_limit(t), j, n);
       all.push_back(sample(steam::Steam::terms(p, t), p, t));
     }
@@ -88,9 +96,10 @@ std::vector<Sample> steam_states(int n) {
 }
 
 /// Between two volumes at one temperature, evenly in density.
-void add_isotherm(std::vector<Sample>& all, double t, double v_low, double v_high, int n) {
+/// @param row  number of the isotherm
+void add_isotherm(std::vector<Sample>& all, double t, double v_low, double v_high, int row, int n) {
   for (int j = 0; j < n; ++j) {
-    all.push_back(sample3(1 / spaced(1 / v_high, 1 / v_low, j, n), t));
+    all.push_back(sample3(1 / spaced(1 / v_high, 1 / v_low, moved(j, n, row), n), t));
   }
 }
 
@@ -106,16 +115,16 @@ std::vector<Sample> dense(int n, bool liquid_side) {
     const double t = spaced(steam::t_350 + 1e-9, steam::t_critical - 2e-3, i, n);
     const Volumes v = saturated_volumes_by_scan(t);
     if (liquid_side) {
-      add_isotherm(all, t, volume_at(steam::p_highest, t, v_least, v.liquid), v.liquid, n);
+      add_isotherm(all, t, volume_at(steam::p_highest, t, v_least, v.liquid), v.liquid, i, n);
     } else {
-      add_isotherm(all, t, v.vapour, volume_at(steam::line_pressure(t), t, v.vapour, v_most), n);
+      add_isotherm(all, t, v.vapour, volume_at(steam::line_pressure(t), t, v.vapour, v_most), i, n);
     }
   }
-  for (int i = 0; i < n && !liquid_side; ++i) {
-    const double t = spaced(steam::t_critical, steam::t_line_end, i, n);
+  for (int i = 0; i < 2 * n && !liquid_side; ++i) {
+    const double t = spaced(steam::t_critical, steam::t_line_end, i, 2 * n);
     add_isotherm(
         all, t, volume_at(steam::p_highest, t, v_least, v_most),
-        volume_at(std::fmin(steam::line_pressure(t), steam::p_highest), t, v_least, v_most), n);
+        volume_at(std::fmin(steam::line_pressure(t), steam::p_highest), t, v_least, v_most), i, n);
   }
   return all;
 }
@@ -133,7 +142,7 @@ std::vector<Sample> wet(int n, bool above_350) {
         above_350 ? sample3(v.vapour, t) : sample(steam::Steam::terms(p, t), p, t);
     for (int j = 0; j < n; ++j) {
       // In volume the quality spans decades.
-      const double even = spaced(0, 1, j, n);
+      const double even = spaced(0, 1, moved(j, n, i), n);
       all.push_back(mixed(liquid, vapour, even));
       all.push_back(mixed(liquid, vapour, even * even * even * even));
     }

@@ -71,10 +71,17 @@ class InCells : Answering<P, Num> {
     store(x_, first, cell.x);
     store(y_, first, cell.y);
     each_lane_of(lanes, [&](std::size_t lane) {
+      const std::size_t row = first + lane;
       const bool is_on = (on >> lane & 1) != 0;
-      cell_[first + lane] = is_on ? chart.word(numbers::lane_of(cell.number, lane)) : 0;
-      turn_[first + lane] = 0;
-      go_on(first + lane);
+      cell_[row] = is_on ? chart.word(numbers::lane_of(cell.number, lane)) : 0;
+      if (is_divided(cell_[row])) {
+        const PartOf part = chart.part_of(cell_[row], x_[row], y_[row]);
+        cell_[row] = part.word;
+        x_[row] = part.x;
+        y_[row] = part.y;
+      }
+      turn_[row] = 0;
+      go_on(row);
     });
   }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdint>
@@ -78,6 +79,17 @@ class Patches {
   std::uint32_t cell_ = 0, unknowns_ = 0;
 };
 
+constexpr std::uint32_t divided_cell(std::uint32_t place, int divisions) {
+  return 0x80000000 | static_cast<std::uint32_t>(divisions) << 16 | place;
+}
+constexpr bool is_divided(std::uint32_t cell) { return cell >= 0x80000000; }
+
+/// A cell or a part of one, and the place in it, -1 to 1.
+struct PartOf {
+  std::uint32_t word;
+  double x, y;
+};
+
 struct Chart {
   Axes axes;
   std::uint32_t unknowns;
@@ -88,6 +100,22 @@ struct Chart {
   }
   [[nodiscard]] const float* polynomials() const {
     return words + static_cast<std::ptrdiff_t>(axes.first.cells) * axes.second.cells;
+  }
+
+  /// An undivided part of a cell, or all of it.
+  /// @param word  of the cell
+  [[nodiscard]] PartOf part_of(std::uint32_t word, double x, double y) const {
+    while (is_divided(word)) {
+      const int divisions = static_cast<int>(word >> 16 & 0xff);
+      const double from_left = (x + 1) * 0.5 * divisions, from_below = (y + 1) * 0.5 * divisions;
+      const int column = std::min(static_cast<int>(from_left), divisions - 1);
+      const int row = std::min(static_cast<int>(from_below), divisions - 1);
+      x = 2 * (from_left - column) - 1;
+      y = 2 * (from_below - row) - 1;
+      const float* parts = polynomials() + chart_stride * (word & 0xffff);
+      word = std::bit_cast<std::uint32_t>(parts[row * divisions + column]);
+    }
+    return {word, x, y};
   }
 };
 
@@ -181,7 +209,8 @@ template <class Num>
   if (!cell.is_on) {
     return {};
   }
-  return {{chart.word(cell.number), chart.unknowns}, chart.polynomials(), cell.x, cell.y};
+  const PartOf part = chart.part_of(chart.word(cell.number), cell.x, cell.y);
+  return {{part.word, chart.unknowns}, chart.polynomials(), part.x, part.y};
 }
 
 }  // namespace steam
