@@ -41,7 +41,8 @@ ClearRegion<Num> clear_region(Num p, Num t) {
   const auto cool = t <= t_350;
   const MaskOf<Num> warm = !(clear.steam | cool);
   if (numbers::any(warm)) {
-    const auto beside_critical = numbers::abs(t - t_critical) <= 2;
+    const auto beside_critical =
+        (numbers::abs(t - t_critical) <= 2) & (numbers::abs(p - p_critical) <= 15);
     const auto below = p < line_pressure<SharedDivisions<Num>>(t);
     clear.steam |= warm & below;
     clear.dense = warm & !(below | beside_critical);
@@ -75,10 +76,16 @@ template <Pair P, class Num, class Here>
   return {starts::from_polynomial<P>(region, first), 0};
 }
 
-/// Whether a start looks as if it were in its subregion, as far as the tables know.
+/// Whether a start looks as if it were in its subregion, as far as the tables know; of (p,t), which
+/// have a subregion, on its side of the wet states.
 template <Pair P, class Num>
 MaskOf<Num> is_plausible(Region region, VariablesOf<Num> start, Num a, Num b) {
   constexpr Known k = known_of(P);
+  if constexpr (P == Pair::pt) {
+    const MaskOf<Num> is_liquid = a >= tabulated_saturation_pressure(b);
+    const MaskOf<Num> is_small = start.z < v_critical;
+    return (b >= t_critical) | (is_liquid & is_small) | !(is_liquid | is_small);
+  }
   const Num t = k.first == Quantity::t ? a : start.t;
   if (is_3(region)) {
     const Num v = k.second == Quantity::v ? b : k.first == Quantity::v ? a : start.z;
