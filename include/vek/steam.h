@@ -356,6 +356,55 @@ VEK_STEAM_API int vek_steam_lines_line(const vek_steam_lines* lines, size_t i, v
 /* Null is legal. */
 VEK_STEAM_API void vek_steam_lines_destroy(vek_steam_lines* lines);
 
+/* The classic module, as vek_steam_compare uses it; the engine does not link it. The host fills
+ * this from vek.h: const vek_steam_module module = VEK_STEAM_MODULE; Its functions must return, and
+ * run in the host's floating-point environment. */
+typedef int (*vek_steam_finder)(double* a, double* b, double* tol);
+typedef struct vek_steam_module {
+  int (*request)(vek_steam_finder finder, const double* x, const double* y, const char* list,
+                 double* result);
+  int (*flag)(void);
+  vek_steam_finder finders[18]; /* of the pairs VEK_STEAM_PT to VEK_STEAM_VX */
+} vek_steam_module;
+#define VEK_STEAM_MODULE                                                                        \
+  {                                                                                             \
+    vek, VEKHasError, {                                                                         \
+      vekrpt_, vekrpx_, vekrtx_, vekrpv_, vekrph_, vekrps_, vekrpu_, vekrtv_, vekrth_, vekrtu_, \
+          vekrts_, vekrsx_, vekrhs_, vekrus_, vekrvh_, vekrvs_, vekrvu_, vekrvx_                \
+    }                                                                                           \
+  }
+
+/* What is compared, in this order: VEK_STEAM_P, T, V, H, S, X, CP, VISCOSITY, CONDUCTIVITY. */
+#define VEK_STEAM_COMPARED 9
+/* A property counts as the same where it differs by no more than this share of its size, or of
+ * 100 °C, 100 kJ/kg, 1 kJ/(kg K) and a quality of 1 where it is smaller, */
+#define VEK_STEAM_SAME_TO 1e-6
+/* or by no more than twice this share of either given value, the module's tolerance, makes. */
+#define VEK_STEAM_MODULE_TOLERANCE 1e-8
+
+/* What both say of a pair, in the engine's units. */
+typedef struct vek_steam_comparison {
+  int region;                            /* where the module places the state, 7 nowhere */
+  int flag;                              /* what the module's error flag says after the request */
+  size_t states;                         /* that have the pair, as the engine finds them */
+  size_t number;                         /* which of them is compared, from 1; 0 none */
+  double module[VEK_STEAM_COMPARED];     /* missing where the module has no value */
+  double engine[VEK_STEAM_COMPARED];     /* missing without a state */
+  double difference[VEK_STEAM_COMPARED]; /* module less engine */
+  int differs[VEK_STEAM_COMPARED];       /* 1: they are not the same; 1 without a state */
+  int within_tolerance; /* 1: some that are the same by the module's tolerance alone; 0 */
+} vek_steam_comparison;
+
+/* The engine beside the classic module. The module has one state for the process: calls must not
+ * overlap with each other, nor with other calls of it. Its diagnostic lines are as after a request.
+ * number: the engine's state, from 1, as vek_steam_states_of orders them; 0: the one that the
+ * module has, where it is among them, else the first
+ * Returns a code; above 0 the engine has no state, and the module's values are there all the same.
+ * VEK_STEAM_NO_SUCH_PAIR when the module has no finder for the pair. */
+VEK_STEAM_API int vek_steam_compare(const vek_steam_module* module, size_t module_size, int pair,
+                                    double first, double second, size_t number,
+                                    vek_steam_comparison* comparison, size_t comparison_size);
+
 /* Limits of the formulation and its critical point. */
 typedef struct vek_steam_limits {
   double p_lowest, p_highest;                /* bar */

@@ -626,6 +626,21 @@ inline double value(Pair pair, double first, double second, Property wanted) {
   return out;
 }
 
+/// The engine beside the classic module; calls must not overlap, as those of the module.
+/// @param module  VEK_STEAM_MODULE, in a program that includes vek/vek.h
+/// @param number  the engine's state, from 1, as `states` orders them; 0: the one that the module
+///                has, where it is among them, else the first
+/// @return        what both say, in the engine's units; NaN where either says nothing
+/// @outside       throws std::invalid_argument when the module has no finder for the pair
+using Comparison = vek_steam_comparison;
+inline Comparison compare(const vek_steam_module& module, Pair pair, double first, double second,
+                          std::size_t number = 0) {
+  Comparison comparison;
+  detail::check(vek_steam_compare(&module, sizeof module, static_cast<int>(pair), first, second,
+                                  number, &comparison, sizeof comparison));
+  return comparison;
+}
+
 /// Properties of many states. Row i of the outputs belongs to row i of the inputs, and has the same
 /// bits whatever the threads and chunks are, and the same as from `values`.
 /// @param wanted   the properties

@@ -32,12 +32,16 @@ nb::tuple request(int pair, double first, double second, const std::string& list
   return nb::make_tuple(reply.values, reply.flag, reply.diagnostics);
 }
 
-/// Of the properties that the module has, in the engine's units.
-nb::tuple answer(int pair, double first, double second) {
-  const VekFinder finder = finder_of(pair);
+/// The engine's first state, the module's, and their difference, each in the properties compared.
+nb::tuple compare(int pair, double first, double second) {
+  finder_of(pair);
   const std::lock_guard lock(one_at_a_time);
-  const auto reply = comparison::ask_classic(finder, first, second).reply;
-  return nb::make_tuple(reply.values, reply.flag, reply.diagnostics);
+  const auto both = comparison::compare(static_cast<steam::Pair>(pair), first, second, 1);
+  const auto values = [](const double* of) {
+    return std::vector<double>(of, of + VEK_STEAM_COMPARED);
+  };
+  return nb::make_tuple(values(both.engine), values(both.module), values(both.difference),
+                        both.flag, both.diagnostics);
 }
 
 std::vector<int> properties() {
@@ -52,7 +56,7 @@ std::vector<int> properties() {
 
 void add_classic(nb::module_& module) {
   module.def("classic_request", request);
-  module.def("classic_answer", answer);
+  module.def("classic_compare", compare);
   module.def("classic_properties", properties);
 }
 

@@ -51,9 +51,5 @@ def compare(**known: float) -> Comparison:
     """
     pair = _tables.pair_of(known)
     given = [_tables.number(letter, known[letter]) for letter in pair.letters]
-    values, flag, lines = _core.classic_answer(pair.number, *given)
-    module = Values(*values)
-    _, rows = _core.states(pair.number, *given, [p.number for p in _WANTED], False, 1)
-    engine = Values(*rows[0][0]) if rows else Values(*[float("nan")] * len(_WANTED))
-    difference = Values(*(b - a for a, b in zip(engine, module)))
-    return Comparison(engine, module, difference, flag, lines.splitlines())
+    *columns, flag, lines = _core.classic_compare(pair.number, *given)
+    return Comparison(*(Values(*column) for column in columns), flag, lines.splitlines())

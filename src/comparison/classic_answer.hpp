@@ -6,8 +6,7 @@
 #include "vek/steam.hpp"
 #include "vek/vek.h"
 
-/// What the classic module answers, put as the engine puts it. Calls must not overlap, as those of
-/// the module.
+/// The classic module with its diagnostic lines. Calls must not overlap, as those of the module.
 namespace comparison {
 
 /// The module's finder for a pair; null when it has none.
@@ -25,16 +24,15 @@ struct Reply {
 Reply request(VekFinder finder, double first, double second, const std::string& list,
               std::size_t items);
 
-/// All properties of a state.
-struct ClassicAnswer {
-  int region;
-  bool is_placed;
-  Reply reply;  ///< values of `classic_properties`, in the engine's units
+/// The engine beside the module.
+struct Answer : steam::Comparison {
+  std::string diagnostics;  ///< all lines of the request
 };
 
-/// The properties that the module has.
-std::vector<steam::Property> classic_properties();
+/// @param number  as of `steam::compare`
+Answer compare(steam::Pair pair, double first, double second, std::size_t number);
 
-ClassicAnswer ask_classic(VekFinder finder, double first, double second);
+/// The properties that are compared.
+std::vector<steam::Property> classic_properties();
 
 }  // namespace comparison

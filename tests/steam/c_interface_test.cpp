@@ -2,9 +2,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <iterator>
 #include <thread>
 #include <vector>
 
@@ -190,6 +192,72 @@ TEST(CInterface, TextsFitTheirBuffers) {
   EXPECT_STREQ(line.data(), "pressure");
   EXPECT_EQ(vek_steam_text(&refusal, sizeof refusal, nullptr, 0), length);
   EXPECT_EQ(vek_steam_text(nullptr, 0, line.data(), 9), 0U);
+}
+
+/// A module that answers with known values: the engine's tests do not link the classic one.
+struct Module {
+  static int place(double*, double*, double*) { return region; }
+  static int request(vek_steam_finder, const double* x, const double* y, const char* list,
+                     double* result) {
+    const std::array<double, 9> said{*x, *y, 0.5, 3000, -1, 0, 0, 3e-5, 0.08e-3};
+    for (std::size_t i = 0; i < (std::strlen(list) > 15 ? said.size() : 6); ++i) {
+      result[i] = i == 5 ? result[i] : said[i];  // no quality
+    }
+    return 0;
+  }
+  static int flag() { return 2; }
+  static inline int region = VEK_STEAM_STEAM;
+  vek_steam_module all{request, flag, {}};
+  Module() { std::fill_n(all.finders, std::size(all.finders), place); }
+};
+
+TEST(CInterface, PutsTheEngineBesideTheModuleThatTheHostPasses) {
+  Module module;
+  vek_steam_comparison both;
+  const auto compare = [&](double p, std::size_t number) {
+    return vek_steam_compare(&module.all, sizeof module.all, VEK_STEAM_PT, p, 400, number, &both,
+                             sizeof both);
+  };
+  Module::region = VEK_STEAM_STEAM;
+  EXPECT_EQ(compare(10, 0), VEK_STEAM_OK);
+  EXPECT_EQ(both.region + 10 * both.flag, 22);
+  EXPECT_EQ(both.states + 10 * both.number, 11U);
+  const std::array<double, 9> module_says{10, 400, 0.5, 3000, -1, NAN, NAN, 3e-5, 0.08};
+  const std::array<int, 9> differs{0, 0, 1, 1, 1, 0, 0, 1, 1};
+  for (std::size_t i = 0; i < differs.size(); ++i) {
+    EXPECT_EQ(both.differs[i], differs[i]) << i;
+    EXPECT_TRUE(std::isnan(module_says[i]) ? std::isnan(both.module[i])
+                                           : std::abs(both.module[i] - module_says[i]) < 1e-12);
+    EXPECT_TRUE(answers::same_bits(both.difference[i], both.module[i] - both.engine[i]));
+  }
+  const int conductivity = VEK_STEAM_CONDUCTIVITY;
+  EXPECT_EQ(both.engine[8], vek_steam_value(VEK_STEAM_PT, 10, 400, conductivity));
+  // Wet states are asked for nothing that one phase has; a state of no number and one beyond the
+  // range are missing, the module's values are not.
+  Module::region = VEK_STEAM_WET;
+  EXPECT_EQ(compare(10, 2), VEK_STEAM_OK);
+  EXPECT_EQ(both.number, 0U);
+  EXPECT_EQ(compare(2000, 0), VEK_STEAM_PRESSURE);
+  EXPECT_EQ(both.module[0], 2000);
+  EXPECT_TRUE(std::isnan(both.module[7]) && std::isnan(both.engine[0]) && both.differs[0] == 1);
+}
+
+TEST(CInterface, MisuseOfTheComparisonIsACode) {
+  Module module;
+  vek_steam_comparison both;
+  const auto compare = [&](const vek_steam_module* of, std::size_t size, int pair,
+                           std::size_t place) {
+    return vek_steam_compare(of, size, pair, 10, 400, 0, &both, place);
+  };
+  const std::size_t size = sizeof module.all, place = sizeof both;
+  EXPECT_EQ(compare(nullptr, size, VEK_STEAM_PT, place), VEK_STEAM_NULL);
+  EXPECT_EQ(compare(&module.all, size - 1, VEK_STEAM_PT, place), VEK_STEAM_SHORT);
+  EXPECT_EQ(compare(&module.all, size, VEK_STEAM_PT, place - 1), VEK_STEAM_SHORT);
+  EXPECT_EQ(compare(&module.all, size, VEK_STEAM_HX, place), VEK_STEAM_NO_SUCH_PAIR);
+  EXPECT_EQ(compare(&module.all, size, -1, place), VEK_STEAM_NO_SUCH_PAIR);
+  module.all.finders[VEK_STEAM_PT] = nullptr;
+  EXPECT_EQ(compare(&module.all, size, VEK_STEAM_PT, place), VEK_STEAM_NULL);
+  EXPECT_EQ(compare(&module.all, size, VEK_STEAM_PH, place), VEK_STEAM_OK);
 }
 
 struct Work {
