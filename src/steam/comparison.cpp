@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <cfenv>
 #include <cmath>
 #include <limits>
 #include <string_view>
@@ -51,12 +52,22 @@ constexpr auto wanted = [] {
 /// The module leaves slots without a value as they are: a slot that still holds this has none.
 constexpr double untouched = -std::numeric_limits<double>::max();
 
+/// Where the module places a state. A finder that is called outside a request takes the host's
+/// traps as they are, so there are none.
+int region_of(vek_steam_finder finder, double first, double second) {
+  double tolerance = 1e-8;
+  std::fenv_t host;
+  std::feholdexcept(&host);
+  const int region = finder(&first, &second, &tolerance);
+  std::fesetenv(&host);
+  return region;
+}
+
 /// What the module says, in its own units; runs in the host's floating-point environment.
 void ask(const vek_steam_module& module, int pair, double first, double second,
          vek_steam_comparison& to) {
   const vek_steam_finder finder = module.finders[pair];
-  double a = first, b = second, tolerance = 1e-8;
-  to.region = finder(&a, &b, &tolerance);
+  to.region = region_of(finder, first, second);
   const bool wet = to.region == VEK_STEAM_WET || to.region == VEK_STEAM_WET_ABOVE_350;
   std::fill_n(to.module, count, untouched);
   module.request(finder, &first, &second, wet ? wet_list : list, to.module);
