@@ -31,6 +31,10 @@ def check_linux(dump, name, names, symbols):
             (re.findall(r"SONAME\s+(\S+)", dump), [name], "soname")]
 
 
+def name_of_engine(name):
+    return name.startswith("vek_steam_")
+
+
 def main():
     library, objdump, name, list_file, *bindings = sys.argv[1:]
     with open(list_file, encoding="ascii") as lines:
@@ -42,6 +46,9 @@ def main():
         with open(binding, encoding="utf-8") as text:
             declared = set(re.findall(r"\bvekr[a-z]{2}_|\bvek(?=[(\"])|\bVEKHasError\b|\bGetVekModule\b|\bvek_steam_\w+(?=\()",
                                       text.read()))
+        # The engine's header names the module's functions too, for the host to hand them over.
+        if name_of_engine(names[0]):
+            declared = set(filter(name_of_engine, declared))
         checks.append((declared, set(names), f"names in {binding}"))
     wrong = [check for check in checks if check[0] != check[1]]
     for found, expected, what in wrong:
