@@ -87,4 +87,15 @@ TEST(Pairs, ThatWereAnsweredWrongly) {
   }
 }
 
+TEST(Pairs, OfSaturatedSteamAbove350AreNoLiquid) {
+  const Row rows[]{{Pair::hs, 0x1.2b92223be4197p+11, 0x1.39db62ce6005bp+2},
+                   {Pair::vu, 0x1.e751f4d9f544fp-8, 0x1.291120edae367p+11},
+                   {Pair::vh, 0x1.07f580c91cafp-7, 0x1.3d59b4f7a7661p+11}};
+  for (const auto& [pair, first, second] : rows) {
+    const steam::Result state = steam::state(pair, first, second);
+    EXPECT_NE(state->region, steam::Region::hot_water);
+    EXPECT_GT(state->v, 0.005);
+  }
+}
+
 }  // namespace

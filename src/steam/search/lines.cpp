@@ -19,7 +19,11 @@ Region region_of_dense(Region piece, double p, double v, double t) {
   if (t >= t_critical || piece == Region::dense_steam) {
     return Region::dense_steam;
   }
-  return v < v_critical || above_saturation(p, t) ? Region::hot_water : Region::dense_steam;
+  // Liquid is wider than the critical volume only in the last hundredths of a kelvin; elsewhere
+  // steam at saturation may have a pressure that is a rounding above it.
+  const bool may_be_liquid = v < 1.02 * v_critical;
+  return v < v_critical || (may_be_liquid && above_saturation(p, t)) ? Region::hot_water
+                                                                     : Region::dense_steam;
 }
 
 double dense_temperature(Quantity q, double value, double v, double start) {
