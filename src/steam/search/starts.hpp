@@ -76,15 +76,21 @@ template <Pair P, class Num, class Here>
   return {starts::from_polynomial<P>(region, first), 0};
 }
 
-/// Whether a start looks as if it were in its subregion, as far as the tables know; of (p,t), which
-/// have a subregion, on its side of the wet states.
+/// Whether a volume of subregion 3 is on the side of the wet states where its pressure and
+/// temperature are.
+template <class Num>
+MaskOf<Num> is_on_its_side(Num p, Num t, Num v) {
+  const MaskOf<Num> is_liquid = p >= tabulated_saturation_pressure(t);
+  const MaskOf<Num> is_small = v < v_critical;
+  return (t >= t_critical) | (is_liquid & is_small) | !(is_liquid | is_small);
+}
+
+/// Whether a start looks as if it were in its subregion, as far as the tables know.
 template <Pair P, class Num>
 MaskOf<Num> is_plausible(Region region, VariablesOf<Num> start, Num a, Num b) {
   constexpr Known k = known_of(P);
   if constexpr (P == Pair::pt) {
-    const MaskOf<Num> is_liquid = a >= tabulated_saturation_pressure(b);
-    const MaskOf<Num> is_small = start.z < v_critical;
-    return (b >= t_critical) | (is_liquid & is_small) | !(is_liquid | is_small);
+    return is_on_its_side(a, b, start.z);
   }
   const Num t = k.first == Quantity::t ? a : start.t;
   if (is_3(region)) {

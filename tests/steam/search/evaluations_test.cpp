@@ -28,7 +28,7 @@ Limit limit_of(Pair pair) {
   return letters[1] == 'x'   ? Limit{700, 1000}
          : letters[0] == 'p' ? Limit{800, 300}
          : letters[0] == 't' ? Limit{120, 200}
-         : pair == Pair::hu  ? Limit{1000, 1250}  // its lines turn, and it has no chart
+         : pair == Pair::hu  ? Limit{1000, 1300}  // its lines turn, and it has no chart
                              : Limit{800, 1100};
 }
 
