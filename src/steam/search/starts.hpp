@@ -85,6 +85,17 @@ MaskOf<Num> is_on_its_side(Num p, Num t, Num v) {
   return (t >= t_critical) | (is_liquid & is_small) | !(is_liquid | is_small);
 }
 
+/// Whether a temperature and a volume look as if they were in subregion 3.
+template <class Num>
+MaskOf<Num> is_dense(Num t, Num v) {
+  const MaskOf<Num> warm = (t >= t_350) & (t <= t_line_end);
+  if (!numbers::any(warm)) {
+    return warm;
+  }
+  const SaturatedVolumesOf<Num> saturated = rough_saturated_volumes(t);
+  return warm & ((t >= t_critical) | (v < saturated.liquid) | (v > saturated.vapour));
+}
+
 /// Whether a start looks as if it were in its subregion, as far as the tables know.
 template <Pair P, class Num>
 MaskOf<Num> is_plausible(Region region, VariablesOf<Num> start, Num a, Num b) {
@@ -94,13 +105,7 @@ MaskOf<Num> is_plausible(Region region, VariablesOf<Num> start, Num a, Num b) {
   }
   const Num t = k.first == Quantity::t ? a : start.t;
   if (is_3(region)) {
-    const Num v = k.second == Quantity::v ? b : k.first == Quantity::v ? a : start.z;
-    const MaskOf<Num> warm = (t >= t_350) & (t <= t_line_end);
-    if (!numbers::any(warm)) {
-      return warm;
-    }
-    const SaturatedVolumesOf<Num> saturated = rough_saturated_volumes(t);
-    return warm & ((t >= t_critical) | (v < saturated.liquid) | (v > saturated.vapour));
+    return is_dense(t, k.second == Quantity::v ? b : k.first == Quantity::v ? a : start.z);
   }
   const Num p = k.first == Quantity::p ? a : start.z;
   const MaskOf<Num> hot = t > t_350;
