@@ -155,6 +155,14 @@ template <class Num>
 struct WetFoundOf {
   MaskOf<Num> is_found = false;
   Num p = missing, t = missing, x = missing;
+
+  /// That of some lanes.
+  [[gnu::always_inline]] void take(MaskOf<Num> lanes, Num its_p, Num its_t, Num its_x) {
+    is_found |= lanes;
+    p = numbers::select(lanes, its_p, p);
+    t = numbers::select(lanes, its_t, t);
+    x = numbers::select(lanes, its_x, x);
+  }
 };
 
 /// Wet state of two properties that both depend on temperature and quality: an iteration in the
@@ -190,13 +198,7 @@ WetFoundOf<Num> wet_search(const SaturatedBand& band, Num a, Num b, Num t) {
     const MaskOf<Num> ends = open & ((numbers::abs(last.step) <= wet::small_step(t)) |
                                      (numbers::abs(value) <= rounding(B, b)));
     if (numbers::any(ends)) {
-      const auto take = [&ends](Num & to, Num from) __attribute__((always_inline)) {
-        to = numbers::select(ends, from, to);
-      };
-      found.is_found |= ends;
-      take(found.p, wet::pressure_after(line, last.step, t));
-      take(found.t, t);
-      take(found.x, x + start.slopes.x * last.step);
+      found.take(ends, wet::pressure_after(line, last.step, t), t, x + start.slopes.x * last.step);
     }
     open &= !ends;
     if (!numbers::any(open)) {
