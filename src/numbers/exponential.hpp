@@ -1,6 +1,6 @@
 #pragma once
 
-#include "numbers/lanes.hpp"
+#include "numbers/look_up.hpp"
 #include "numbers/powers_of_2_table.hpp"
 
 namespace numbers {

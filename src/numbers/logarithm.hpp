@@ -3,8 +3,8 @@
 #include <limits>
 
 #include "numbers/exponential.hpp"
-#include "numbers/lanes.hpp"
 #include "numbers/logarithms_table.hpp"
+#include "numbers/look_up.hpp"
 
 namespace numbers {
 
