@@ -1,10 +1,12 @@
 """The classic module, one request at a time: its state is one for the process, so calls wait for each
 other."""
+import re
 from collections import namedtuple
 
 from . import _core, _tables
 
 Reply = namedtuple("Reply", "values flag diagnostics")
+_ITEM = re.compile("[!-~]{1,3}")  # the module counts bytes and has room for three
 
 
 def request(pair: str, first: float, second: float, items: str) -> Reply:
@@ -24,8 +26,10 @@ def request(pair: str, first: float, second: float, items: str) -> Reply:
     known = _tables.PAIRS.get(frozenset(pair))
     if known is None or pair != known.letters:
         raise ValueError(f"{pair!r} is none of the pairs {_tables.PAIR_LETTERS}")
+    if not isinstance(items, str):
+        raise TypeError(f"items are a text such as 'T,S', not {items!r}")
     names = items.replace(",", " ").replace(".", " ").split()
-    if any(len(name) > 3 for name in names):
+    if not all(_ITEM.fullmatch(name) for name in names):
         raise ValueError(f"{items!r}: items are P, T, V, H, S, X, CP, DV, TC")
     text = "".join(name + "," for name in names)
     given = map(_tables.number, pair, (first, second))

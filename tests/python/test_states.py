@@ -91,6 +91,10 @@ def test_the_classic_module():
     assert both.engine.h == vek.h(p=10, t=84) and abs(both.difference.h) < 1e-6
     for call in (lambda: vek.classic.request("hu", 1, 2, "T"), lambda: vek.compare(h=1, u=2),
                  lambda: vek.classic.request("hp", 1, 2, "T"),
-                 lambda: vek.classic.request("pt", 1, 2, "TEMP")):
+                 *(lambda items=items: vek.classic.request("pt", 1, 2, items)
+                   for items in ("TEMP", "H\u0308\u0308", "\U0001f525" * 3, "T\0",
+                                 "H,\u00fc\u00fc\u00fc." * 1000))):
         with pytest.raises(ValueError):
             call()
+    with pytest.raises(TypeError, match="items are a text"):
+        vek.classic.request("pt", 1, 2, ["T", "S"])
