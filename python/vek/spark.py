@@ -14,6 +14,12 @@ from ._tables import properties_of
 
 def add(table: Any, names: Any, *, si: bool = False, status: bool = False, **known: Any) -> Any:
     """A table with properties added, see `vek.arrow.add`; codes are 16-bit integers."""
+    for letter, name in known.items():
+        if isinstance(name, str) and name not in table.columns:
+            raise ValueError(f"{letter}={name!r}: no such column; there are {', '.join(table.columns)}")
+        if not isinstance(name, (str, int, float)):
+            raise TypeError(f"{letter} is of type {type(name).__name__}; names of columns and numbers "
+                            "are accepted")
     from pyspark.sql.types import DoubleType, ShortType, StructField, StructType
     added = {p.identifier: DoubleType() for p in properties_of(names)}
     added.update({"status": ShortType()} if status else {})

@@ -6,6 +6,7 @@ import subprocess
 import sys
 import time
 from pathlib import Path
+from types import SimpleNamespace
 
 import numpy as np
 import pyarrow as pa
@@ -98,6 +99,11 @@ def test_the_checksum_of_states_tells_order_and_bits():
 
 
 def test_what_spark_s_workers_do():
+    table = SimpleNamespace(columns=["p", "t"])
+    with pytest.raises(ValueError, match="t='T': no such column; there are p, t"):
+        vek.spark.add(table, "h", p="p", t="T")
+    with pytest.raises(TypeError, match="names of columns"):
+        vek.spark.add(table, "h", p="p", t=object())
     batch = pa.record_batch({"p": [10.0, 2000], "t": [100.0, 100]})
     added, = vek.spark._batches("h s", {"p": "p", "t": "t", "si": False, "status": True}, [batch])
     assert added.schema.names == ["p", "t", "h", "s", "status"]

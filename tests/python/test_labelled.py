@@ -89,6 +89,42 @@ def test_dask_chunks_may_differ():
     np.testing.assert_array_equal(h, vek.h(p=p, t=t))
 
 
+def test_dask_s_rows_are_aligned_or_refused():
+    def series(values, *borders):
+        rows = np.split(np.arange(len(values)), borders)
+        return dask.dataframe.from_map(lambda row: pd.Series(values[row], row), rows)
+
+    def known(values, parts):
+        return dask.dataframe.from_pandas(pd.Series(values), npartitions=parts)
+
+    for p, t in ((known(P, 2), known(T, 3)), (known(P, 2), pd.Series(T)), (series(P, 1), series(T, 1))):
+        np.testing.assert_array_equal(vek.h(p=p, t=t), H)
+    apart = vek.h(p=known(P, 2), t=pd.Series(T[1:], [1, 2, 3])).compute()
+    np.testing.assert_array_equal(apart, [np.nan, *H[1:]])
+    table = known(P, 2).to_frame("p")
+    for error, call in ((ValueError, lambda: vek.h(p=series(P, 1), t=series(T, 2)).compute()),
+                        (ValueError, lambda: vek.h(p=series(P, 1), t=series(T, 1, 2))),
+                        (ValueError, lambda: vek.h(p=series(P, 1), t=pd.Series(T))),
+                        (TypeError, lambda: vek.h(p=known(P, 2), t=T[:2])),
+                        (TypeError, lambda: vek.h(p=known(P, 2), t=dask.array.from_array(T))),
+                        *((TypeError, lambda t=t: vek.dask.add(table, "h", p="p", t=t))
+                          for t in (T, list(T), known(T, 2)))):
+        with pytest.raises(error, match="rows|partitions|of type"):
+            call()
+
+
+def test_tables_are_not_taken_for_columns():
+    p = {"p": P}
+    for table in (pl.LazyFrame(p), pa.table(p), pa.RecordBatch.from_pydict(p), xr.Dataset(p)):
+        with pytest.raises(TypeError, match="but its columns are"):
+            vek.h(p=table, t=100)
+    for table, series in ((pd.DataFrame(p), pd.Series(T)), (pl.DataFrame(p), pl.Series(T))):
+        with pytest.raises(TypeError, match="but its columns are"):
+            vek.h(p=table, t=series)
+    with pytest.raises(TypeError, match="another library"):
+        vek.h(p=xr.DataArray(P), t=pd.Series(T))
+
+
 def test_missing_values_have_no_state():
     for p in (pd.Series([1, None], dtype="Int64"), pl.Series([1, None]), pa.array([1, None])):
         h = vek.h(p=p, t=300)
